@@ -1,0 +1,40 @@
+// common/text: scratch buffers, the bounded copy and the number reader that every room uses.
+// A scratch buffer holds its contents only until its next user: copy out what must last.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+namespace scrim {
+
+constexpr std::size_t scratch_size = 1024;  // bytes of a scratch buffer, its NUL included
+constexpr int coordinate_limit = 32767;  // columns, rows and sizes from outside stay within +-this
+
+extern char cbuf[scratch_size];  // the current screen-file line; the driver's result line; bars
+extern char tbuf[scratch_size];  // substituted text, formatted messages and output lines
+extern char lbuf[scratch_size];  // a button's label while it is built
+
+extern char** largv;          // column, row and entries of the next pick list, then null; or null
+extern const char* progname;  // the program's name as it was called, for messages
+
+// Copies `from` into `to`, cut to what fits; always ends it with a NUL. `from` may lie within `to`.
+template <std::size_t size>
+void copy_text(char (&to)[size], std::string_view from) {
+  const std::size_t n = std::min(from.size(), size - 1);
+  if (n > 0) std::memmove(to, from.data(), n);
+  to[n] = 0;
+}
+
+// Reads decimal integers with one separator after each but the last: "1,2,8/30" with ",,/" gives
+// four. Writes strlen(separators) + 1 numbers, those missing as 0, each kept within +-limit.
+// Returns how many stood there before the first missing one.
+int read_numbers(const char* text, const char* separators, int* numbers,
+                 int limit = coordinate_limit);
+
+// Reads the decimal integer at the start of `text` into `number` (0 when there is none), kept
+// within +-limit. Returns whether there was one.
+bool read_number(const char* text, int& number, int limit = coordinate_limit);
+
+}  // namespace scrim

@@ -1,0 +1,230 @@
+// term/capabilities: what the terminal can do, loaded once from terminfo or termcap.
+
+#include "term/capabilities.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "common/text.h"
+#include "term/tty.h"
+
+#include <unistd.h>
+
+#define NCURSES_NOMACROS
+#include <curses.h>
+#include <term.h>
+
+namespace scrim {
+
+int use_termcap = 0;
+int use_reverse = 1;
+int attrib_space = 0;
+int T_LINES = 0;
+
+char* T_CLEAR = nullptr;
+char* T_UP = nullptr;
+char* T_DN = nullptr;
+char* T_LT = nullptr;
+char* T_RT = nullptr;
+char* T_HOME = nullptr;
+char* T_CUP = nullptr;
+char* T_SGR0 = nullptr;
+char* T_STANDON = nullptr;
+char* T_STANDOFF = nullptr;
+char* T_ULON = nullptr;
+char* T_ULOFF = nullptr;
+char* T_DIM = nullptr;
+char* T_KEYUP = nullptr;
+char* T_KEYDN = nullptr;
+char* T_KEYLT = nullptr;
+char* T_KEYRT = nullptr;
+char* T_KEYDL = nullptr;
+char* T_KEYBS = nullptr;
+char* T_KEYNP = nullptr;
+char* T_KEYPP = nullptr;
+char* T_ALTON = nullptr;
+char* T_ALTOFF = nullptr;
+char* T_ALTINI = nullptr;
+
+const char* xkey_incodes[key_slots];
+char* graph_on = nullptr;
+char* graph_off = nullptr;
+const char vt100graph[line_slots + 1] = "qxnvwmlkjtu";
+char cxxxgraph[line_slots + 1] = "-|+++++++++";
+
+static const int default_lines = 24;  // for a terminal that does not tell its height
+
+static char mtermname[50];      // TERM, for the termcap library and its message
+static char tcap_buff[10000];   // the terminal's termcap entry
+static char capes[10000];       // strings fetched from it
+static char* capept = nullptr;  // where the next one goes
+
+// The library says "absent" with a null and "cancelled" with -1; either way there is no string.
+static char* present(char* s) { return s == reinterpret_cast<char*>(-1) ? nullptr : s; }
+
+// The library copies a string into `capes` without looking at its end: look first.
+static char* termcap_string(const char* name) {
+  char* found = present(tgetstr(const_cast<char*>(name), nullptr));
+  if (!found) return nullptr;
+  const auto room = static_cast<std::size_t>(capes + sizeof capes - capept);
+  return std::strlen(found) < room ? tgetstr(const_cast<char*>(name), &capept) : nullptr;
+}
+
+struct string_row {
+  char* terminfo;       // as terminfo describes it
+  const char* termcap;  // its termcap name
+  char** destination;
+};
+
+struct key_row {
+  char* terminfo;
+  const char* termcap;
+  const char* fallback;  // termcap name taken when the first is absent or empty
+};
+
+// The rows are laid out when the library has the terminal's description, which it keeps as one
+// table of strings in either mode.
+static void load_keys() {
+  const key_row keys[] = {
+      {key_up, "ku", nullptr},    {key_down, "kd", nullptr}, {key_left, "kl", nullptr},
+      {key_right, "kr", nullptr}, {key_dc, "kD", nullptr},   {key_backspace, "kb", nullptr},
+      {key_npage, "PD", "kN"},    {key_ppage, "PU", "kP"},
+  };
+  const key_row functions[] = {
+      {key_f0, "k1", nullptr},  {key_f1, "k2", nullptr},  {key_f2, "k3", nullptr},
+      {key_f3, "k4", nullptr},  {key_f4, "k5", nullptr},  {key_f5, "k6", nullptr},
+      {key_f6, "k7", nullptr},  {key_f7, "k8", nullptr},  {key_f8, "k9", nullptr},
+      {key_f9, "k;", nullptr},  {key_f10, "F1", nullptr}, {key_f11, "F2", nullptr},
+      {key_f12, "F3", nullptr}, {key_f13, "F4", nullptr}, {key_f14, "F5", nullptr},
+      {key_f15, "F6", nullptr}, {key_f16, "F7", nullptr}, {key_f17, "F8", nullptr},
+      {key_f18, "F9", nullptr}, {key_f19, "FA", nullptr}, {key_f20, "FB", nullptr},
+      {key_f21, "FC", nullptr}, {key_f22, "FD", nullptr}, {key_f23, "FE", nullptr},
+      {key_f24, "FF", nullptr},
+  };
+  auto load = [](const key_row& row) -> const char* {
+    if (!use_termcap) return present(row.terminfo);
+    const char* found = termcap_string(row.termcap);
+    const bool missing = !found || !*found;
+    return missing && row.fallback ? termcap_string(row.fallback) : found;
+  };
+  const char** slot = xkey_incodes;
+  for (const key_row& row : keys) *slot++ = load(row);
+  slot = xkey_incodes + slot_function;
+  for (const key_row& row : functions) *slot++ = load(row);
+
+  const char*& backspace = xkey_incodes[slot_backspace];
+  if (use_termcap && (!backspace || !*backspace)) backspace = "\x08";
+}
+
+// Where attributes take a cell, the terminal is of the kind whose cursor keys send these bytes.
+static void load_fixed_keys() {
+  const bool control_keys = attrib_space > 0;
+  xkey_incodes[slot_control_k] = control_keys ? "\x0b" : "";
+  xkey_incodes[slot_control_l] = control_keys ? "\x0c" : "";
+  xkey_incodes[slot_control_j] = control_keys ? "\x0a" : "";
+  xkey_incodes[slot_mouse] = "\x1b>";
+}
+
+static void load_strings() {
+  const string_row rows[] = {
+      {clear_screen, "cl", &T_CLEAR},
+      {cursor_up, "up", &T_UP},
+      {cursor_down, "do", &T_DN},
+      {cursor_left, "le", &T_LT},
+      {cursor_right, "nd", &T_RT},
+      {cursor_home, "ho", &T_HOME},
+      {cursor_address, "cm", &T_CUP},
+      {exit_attribute_mode, "me", &T_SGR0},
+      {use_reverse ? enter_reverse_mode : enter_standout_mode, "rv", &T_STANDON},
+      {use_reverse ? exit_attribute_mode : exit_standout_mode, "re", &T_STANDOFF},
+      {enter_underline_mode, "us", &T_ULON},
+      {exit_underline_mode, "ue", &T_ULOFF},
+      {enter_dim_mode, "mh", &T_DIM},
+      {keypad_xmit, "ks", &T_KEYXMIT},
+      {keypad_local, "ke", &T_KEYLOCAL},
+  };
+  for (const string_row& row : rows)
+    *row.destination = use_termcap ? termcap_string(row.termcap) : present(row.terminfo);
+}
+
+static void load_numbers() {
+  T_LINES = use_termcap ? tgetnum(const_cast<char*>("li")) : lines;
+  if (T_LINES <= 0) T_LINES = default_lines;
+  attrib_space = std::max(0, use_termcap ? tgetnum(const_cast<char*>("sg")) : magic_cookie_glitch);
+}
+
+static bool find_description() {
+  if (use_termcap) {
+    const char* term = getenv("TERM");
+    copy_text(mtermname, term ? term : "");
+    capept = capes;
+    return *mtermname && tgetent(tcap_buff, mtermname) == 1;
+  }
+  int result = 0;
+  setupterm(nullptr, STDOUT_FILENO, &result);
+  return result == 1;
+}
+
+static int graphics_from_termcap() {
+  static const char* const names[line_slots] = {"GH", "GV", "GC", "GU", "GD", "G3",
+                                                "G2", "G1", "G4", "GR", "GL"};
+  if (!termcap_string(names[line_lower_left])) return 0;
+  graph_on = termcap_string("GS");
+  graph_off = termcap_string("GE");
+  for (int i = 0; i < line_slots; i++) {
+    const char* found = termcap_string(names[i]);
+    if (found && *found) cxxxgraph[i] = *found;
+  }
+  return graph_on != nullptr;
+}
+
+static int graphics_from_terminfo() {
+  const char* pairs = present(acs_chars);
+  graph_on = present(enter_alt_charset_mode);
+  graph_off = present(exit_alt_charset_mode);
+  if (!pairs || !*pairs || !graph_on || !*graph_on || !graph_off || !*graph_off) {
+    graph_on = graph_off = nullptr;
+    return 0;
+  }
+  M_putp(present(ena_acs));
+  for (int i = 0; i < line_slots; i++) {
+    const char* pair = pairs;
+    while (pair[0] && pair[1] && pair[0] != vt100graph[i]) pair += 2;
+    if (pair[0] && pair[1]) cxxxgraph[i] = pair[1];
+  }
+  return 1;
+}
+
+int initgraphics() { return use_termcap ? graphics_from_termcap() : graphics_from_terminfo(); }
+
+int open_terminal() {
+  if (setup_ttymode() != 0) return 5;
+  if (ttym) return 0;
+  if (!find_description()) {
+    restore_ttymode();
+    return 6;
+  }
+  load_keys();
+  load_strings();
+  load_numbers();
+  load_fixed_keys();
+  ttym = 1;
+  initgraphics();
+  return 0;
+}
+
+int go_raw() {
+  const int status = open_terminal();
+  if (status == 0) return 0;
+  if (status == 5) {
+    fputs("Can't init tty modes\n", stderr);
+  } else if (use_termcap) {
+    fprintf(stderr, "%s: I don't understand your terminal type %s\n", progname, mtermname);
+  } else {
+    fprintf(stderr, "%s: I don't understand your terminal type\n", progname);
+  }
+  exit(status);
+}
+
+}  // namespace scrim

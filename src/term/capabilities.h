@@ -1,0 +1,87 @@
+// term/capabilities: what the terminal can do, loaded once from terminfo or termcap: its strings,
+// its key sequences and its line-drawing characters. A string that it lacks is null and, sent,
+// sends nothing.
+#pragma once
+
+namespace scrim {
+
+extern int use_termcap;  // 0: describe the terminal through terminfo, 1: through termcap
+extern int use_reverse;  // terminfo only; 1: standout is the reverse string, 0: the standout string
+
+extern int attrib_space;  // cells that an attribute change takes on the screen, never negative
+extern int T_LINES;       // lines of the screen
+
+extern char* T_CLEAR;     // clears the screen
+extern char* T_UP;        // cursor one line up
+extern char* T_DN;        // one line down
+extern char* T_LT;        // one column left
+extern char* T_RT;        // one column right
+extern char* T_HOME;      // to the upper-left corner
+extern char* T_CUP;       // to a given row and column
+extern char* T_SGR0;      // all attributes off
+extern char* T_STANDON;   // standout on
+extern char* T_STANDOFF;  // standout off
+extern char* T_ULON;      // underline on
+extern char* T_ULOFF;     // underline off
+extern char* T_DIM;       // dim; ends standout where attributes take a cell
+
+// Never loaded, and so always null; the capability dump lists them.
+extern char* T_KEYUP;   // cursor-up key
+extern char* T_KEYDN;   // cursor-down key
+extern char* T_KEYLT;   // cursor-left key
+extern char* T_KEYRT;   // cursor-right key
+extern char* T_KEYDL;   // delete-character key
+extern char* T_KEYBS;   // backspace key
+extern char* T_KEYNP;   // next-page key
+extern char* T_KEYPP;   // previous-page key
+extern char* T_ALTON;   // alternate character set on
+extern char* T_ALTOFF;  // alternate character set off
+extern char* T_ALTINI;  // alternate character set enabled
+
+// Slots of the special keys; the key decoder tries them in this order.
+enum {
+  slot_up = 0,
+  slot_backspace = 5,
+  slot_next = 6,
+  slot_prev = 7,
+  slot_control_k = 8,
+  slot_control_l = 9,
+  slot_control_j = 10,
+  slot_mouse = 11,
+  slot_function = 12,
+  key_slots = 38
+};
+extern const char* xkey_incodes[key_slots];  // the bytes of each key; null or empty: none
+
+// Slots of the line-drawing characters.
+enum {
+  line_horizontal,
+  line_vertical,
+  line_crossing,
+  line_bottom_tee,
+  line_top_tee,
+  line_lower_left,
+  line_upper_left,
+  line_upper_right,
+  line_lower_right,
+  line_left_tee,
+  line_right_tee,
+  line_slots
+};
+extern char* graph_on;                         // enters the line-drawing set; null: there is none
+extern char* graph_off;                        // leaves it
+extern const char vt100graph[line_slots + 1];  // the VT100 letter of each slot
+extern char cxxxgraph[line_slots + 1];         // the character in use for each slot
+
+// Sets the terminal to raw mode and loads its capabilities; when they are loaded already, only
+// applies raw mode again. Returns 0; 5 when there is no terminal to open; 6 when its type is
+// unknown, with the user's settings back in place. Writes nothing about it.
+int open_terminal();
+
+// open_terminal, ending the program with a message and status 5 or 6 where it fails. Returns 0.
+int go_raw();
+
+// Chooses the line-drawing characters. Returns 1 when the terminal has a set of its own, else 0.
+int initgraphics();
+
+}  // namespace scrim

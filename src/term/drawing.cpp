@@ -1,0 +1,172 @@
+// term/drawing: the routines that draw, in capability strings and plain text.
+
+#include "term/drawing.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+#include "common/text.h"
+#include "term/capabilities.h"
+#include "term/tty.h"
+
+#define NCURSES_NOMACROS
+#include <curses.h>
+#include <term.h>
+
+namespace scrim {
+
+static const int bracketed_kinds = 0x004 | 0x008 | 0x010 | 0x020 | 0x800;
+static const int piece = 79;  // characters that one write of a text field takes
+
+static char pbuf[piece + 1];  // text of a field on its way to the terminal
+static char bb[160];          // blanks of a frame's inside
+
+int sposition(int x, int y) {
+  if (!T_CUP) return 0;
+  x = std::max(x, 0);
+  y = std::max(y, 0);
+  return M_putp(use_termcap ? tgoto(T_CUP, x, y)
+                            : tparm(T_CUP, static_cast<long>(y), static_cast<long>(x)));
+}
+
+int sclear() {
+  M_putp(T_CLEAR);
+  return M_putp(T_SGR0);
+}
+
+int display(char* s) {
+  const std::size_t length = std::strlen(s);
+  std::replace(s, s + length, '\t', '@');
+  return write_terminal(s, length);
+}
+
+static void write_character(char c) { write_terminal(&c, 1); }
+
+static char printable(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte < ' ' && c != '\t') || byte == 0x7f ? '?' : c;
+}
+
+static void write_text(const char* s, int n) {
+  while (n > 0) {
+    const int taken = std::min(n, piece);
+    std::transform(s, s + taken, pbuf, printable);
+    pbuf[taken] = 0;
+    display(pbuf);
+    s += taken;
+    n -= taken;
+  }
+}
+
+static void write_repeated(char c, int n) {
+  std::memset(pbuf, c, piece);
+  for (; n > 0; n -= piece) write_terminal(pbuf, static_cast<std::size_t>(std::min(n, piece)));
+}
+
+// On a terminal whose attributes take cells there is no cell for the underline of one character.
+static void write_marked(char c, int att) {
+  const bool underlines = attrib_space == 0;
+  const char plain = static_cast<char>(c & 0x7f);
+  if (underlines) M_putp(T_ULON);
+  write_text(&plain, 1);
+  if (underlines) M_putp(T_ULOFF);
+  if (underlines && (att & ATT_STANDOUT)) M_putp(T_STANDON);
+}
+
+static void write_label(const char* s, int n, int att) {
+  auto marked = [](char c) { return (c & 0x80) != 0; };
+  const char* end = s + n;
+  while (s < end) {
+    const char* mark = std::find_if(s, end, marked);
+    write_text(s, static_cast<int>(mark - s));
+    if (mark < end) write_marked(*mark++, att);
+    s = mark;
+  }
+}
+
+int stand(int x, int y, const char* s, int att, int pad) {
+  bool bracketed = (att & (ATT_BRACKET | bracketed_kinds)) != 0;
+  if (att & ATT_HOTKEY) bracketed = false;
+  const bool cookies = attrib_space > 0;
+  const int n = static_cast<int>(strnlen(s, static_cast<std::size_t>(std::max(pad, 0))));
+
+  sposition(x - attrib_space, y);
+  if (att & ATT_STANDOUT) {
+    M_putp(T_STANDON);
+  } else if (cookies) {
+    write_character(bracketed ? '[' : ' ');
+  }
+  if (att & ATT_MASKED) {
+    write_repeated('*', n);
+  } else if (att & ATT_HOTKEY) {
+    write_label(s, n, att);
+  } else {
+    write_text(s, n);
+  }
+  write_repeated(' ', pad - n);
+  if (att & ATT_STANDOUT) return M_putp(cookies ? T_DIM : T_STANDOFF);
+  if (cookies) write_character(bracketed ? ']' : ' ');
+  return 0;
+}
+
+static void blank_inside(int n) {
+  M_putp(graph_off);
+  std::memset(bb, ' ', sizeof bb);
+  for (const int size = sizeof bb; n > 0; n -= size)
+    write_terminal(bb, static_cast<std::size_t>(std::min(n, size)));
+  M_putp(graph_on);
+}
+
+static void draw_edge(int x, int y, int w, int left, int right) {
+  sposition(x, y);
+  write_character(cxxxgraph[left]);
+  for (int i = 0; i < w - 2; i++) write_character(cxxxgraph[line_horizontal]);
+  write_character(cxxxgraph[right]);
+}
+
+int do_box_c(int x, int y, int w, int h, int cs) {
+  if (w < 2 || h < 1) return 0;
+  M_putp(graph_on);
+  draw_edge(x, y, w, line_upper_left, line_upper_right);
+  for (int row = y + 1; row <= y + h - 2; row++) {
+    sposition(x, row);
+    write_character(cxxxgraph[line_vertical]);
+    if (cs) {
+      blank_inside(w - 2);
+    } else {
+      sposition(x + w - 1, row);
+    }
+    write_character(cxxxgraph[line_vertical]);
+  }
+  draw_edge(x, y + h - 1, w, line_lower_left, line_lower_right);
+  return M_putp(graph_off);
+}
+
+int do_box() {
+  int box[4];
+  for (int i = 0; i < 4; i++) read_number(largv[i], box[i]);
+  return do_box_c(box[0], box[1], box[2], box[3], 0);
+}
+
+// Cells of a bar `wid` wide that stand for curr of tot: none when there is nothing to measure.
+static int filled_cells(int wid, int curr, int tot) {
+  if (tot <= 0 || curr < 0) return 0;
+  const std::int64_t cells = std::int64_t{wid} * curr / tot;
+  return static_cast<int>(std::min<std::int64_t>(cells, sizeof cbuf - 1));
+}
+
+int do_therm(int y, int wid, int curr, int tot) {
+  const int left = (80 - wid) / 2;
+  stand(left, y + 1, "0", 0, 1);
+  for (int percent = 25; percent <= 100; percent += 25) {
+    const int length = snprintf(cbuf, sizeof cbuf, "%d", percent);
+    stand(left + wid * percent / 100 - length, y + 1, cbuf, 0, length);
+  }
+  const int filled = filled_cells(wid, curr, tot);
+  std::memset(cbuf, ' ', static_cast<std::size_t>(filled));
+  cbuf[filled] = 0;
+  return stand(left, y, cbuf, ATT_STANDOUT, filled);
+}
+
+}  // namespace scrim

@@ -1,0 +1,42 @@
+// term/drawing: the routines that draw. Capability strings and text go to the terminal in program
+// order; columns (x) and rows (y) are screen cells counted from 0.
+#pragma once
+
+namespace scrim {
+
+// Attribute word of `stand`; the values equal the matching gadget flags, so a caller may pass a
+// gadget's flag word, masked.
+enum {
+  ATT_STANDOUT = 0x001,  // highlighted
+  ATT_HOTKEY = 0x002,    // a byte of 0x80 or above is shown underlined, without that bit
+  ATT_MASKED = 0x020,    // one "*" for each character
+  ATT_BRACKET = 0x400    // "[" and "]" around the field where attributes take a cell of their own
+};
+
+// Moves the cursor to column x, row y; a negative one counts as 0. Returns the flush status.
+int sposition(int x, int y);
+
+// Clears the screen and switches all attributes off. Returns the flush status.
+int sclear();
+
+// Writes s in one write, after replacing each TAB in it by "@" in the caller's own buffer.
+// Returns the result of the write.
+int display(char* s);
+
+// Shows s at column x, row y as a field `pad` cells wide, with the attributes of `att`. A control
+// character shows as one "?", so that no text can drive the terminal. Returns 0 for a highlighted
+// field that was sent, else no meaning.
+int stand(int x, int y, const char* s, int att, int pad);
+
+// Draws a frame w columns wide and h rows high with its upper-left corner at column x, row y,
+// blanking its inside when cs is not 0. Below 2 columns or 1 row it draws nothing. Returns 0.
+int do_box_c(int x, int y, int w, int h, int cs);
+
+// The frame whose column, row, width and height are the first four words of `largv`. Returns 0.
+int do_box();
+
+// Draws a progress bar `wid` columns wide on row y, centred on 80 columns and filled in proportion
+// curr/tot, with a scale below. Returns 0 when it was sent.
+int do_therm(int y, int wid, int curr, int tot);
+
+}  // namespace scrim

@@ -1,0 +1,21 @@
+// term/leaving: the one way out for everything that ends the program while it runs.
+
+#include "term/leaving.h"
+
+#include <cstdlib>
+
+#include "term/capabilities.h"
+#include "term/drawing.h"
+#include "term/tty.h"
+
+namespace scrim {
+
+void win_exit(int ex) {
+  if (tfd != -1) {
+    sposition(0, T_LINES - 1);
+    restore_ttymode();
+  }
+  exit(ex);
+}
+
+}  // namespace scrim

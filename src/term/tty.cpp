@@ -1,0 +1,127 @@
+// term/tty: the three descriptors of the program, the line settings, and the one road on which
+// bytes reach the terminal.
+
+#include "term/tty.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#define NCURSES_NOMACROS
+#include <curses.h>
+#include <term.h>
+
+namespace scrim {
+
+int tfd = -1;
+int tty_fd = 0;
+struct termio terminal_old;
+struct termio terminal_new;
+int ttym = 0;
+int stdin_flag = 0;
+int debug_flag = 0;
+int ftimeout = 1;
+char* T_KEYXMIT = nullptr;
+char* T_KEYLOCAL = nullptr;
+
+// Positions and bits of the System V settings record, which differ from those of termios.
+enum { vtime_index = 5, vmin_index = 6 };
+
+static bool keypad_transmits = false;
+static bool output_waits = true;  // writes to the terminal block by themselves
+
+// A reader that has gone must not end the program while the terminal is raw: the signal waits
+// until the user's settings are back.
+static void hold_broken_pipe(int how) {
+  sigset_t set;
+  sigemptyset(&set);
+  sigaddset(&set, SIGPIPE);
+  sigprocmask(how, &set, nullptr);
+}
+
+static void set_read_mode(unsigned char vmin, unsigned char vtime) {
+  if (terminal_new.c_cc[vmin_index] == vmin && terminal_new.c_cc[vtime_index] == vtime) return;
+  terminal_new.c_cc[vmin_index] = vmin;
+  terminal_new.c_cc[vtime_index] = vtime;
+  ioctl(tfd, TCSETAW, &terminal_new);
+}
+
+void read_blocking() { set_read_mode(1, 0); }
+void read_timed() { set_read_mode(0, static_cast<unsigned char>(ftimeout)); }
+
+int setup_ttymode() {
+  if (tfd == -1) {
+    tfd = open("/dev/tty", O_RDWR | O_CLOEXEC);
+    if (tfd == -1) return 1;
+    if (stdin_flag) tty_fd = tfd;
+    ioctl(tfd, TCGETA, &terminal_old);
+    terminal_new = terminal_old;
+    output_waits = (fcntl(STDERR_FILENO, F_GETFL) & O_NONBLOCK) == 0;
+  }
+  if (debug_flag) {
+    printf("IFLAG = %xx\n\r", terminal_old.c_iflag);
+    fflush(stdout);
+  }
+  terminal_new.c_iflag &= static_cast<unsigned short>(~ICRNL);
+  terminal_new.c_oflag = 0;
+  terminal_new.c_cc[vmin_index] = 1;
+  terminal_new.c_cc[vtime_index] = 0;
+  terminal_new.c_cflag &= static_cast<unsigned short>(~PARENB);
+  terminal_new.c_cflag |= CS8;
+  terminal_new.c_lflag = 0;
+  hold_broken_pipe(SIG_BLOCK);
+  ioctl(tfd, TCSETAW, &terminal_new);
+  return 0;
+}
+
+int restore_ttymode() {
+  if (keypad_transmits) M_putp(T_KEYLOCAL);
+  keypad_transmits = false;
+  if (ttym) reset_shell_mode();
+  ttym = 0;
+  const int result = ioctl(tfd, TCSETAW, &terminal_old);
+  hold_broken_pipe(SIG_UNBLOCK);
+  return result;
+}
+
+void keypad_on() {
+  if (keypad_transmits) return;
+  keypad_transmits = true;
+  M_putp(T_KEYXMIT);
+}
+
+// A descriptor shared with a program that made it non-blocking refuses bytes when the line is
+// busy; a second is more than any line needs, and a dead one must not hold the program.
+static bool await_output() {
+  pollfd output = {STDERR_FILENO, POLLOUT, 0};
+  return poll(&output, 1, 1000) == 1;
+}
+
+int m_out(char c) { return putc(c, stderr); }
+
+static int put_character(int c) { return m_out(static_cast<char>(c)); }
+
+int M_putp(const char* s) {
+  if (!s) return 0;
+  tputs(s, 1, put_character);
+  if (!output_waits) await_output();
+  return fflush(stderr);
+}
+
+int write_terminal(const char* bytes, std::size_t n) {
+  for (std::size_t done = 0; done < n;) {
+    const ssize_t written = write(STDERR_FILENO, bytes + done, n - done);
+    if (written > 0) {
+      done += static_cast<std::size_t>(written);
+    } else if (written == 0 || (errno != EINTR && !(errno == EAGAIN && await_output()))) {
+      return -1;
+    }
+  }
+  return static_cast<int>(n);
+}
+
+}  // namespace scrim
