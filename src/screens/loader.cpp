@@ -1,0 +1,128 @@
+// screens/loader: turns a list of screen files into the screen table.
+
+#include "screens/loader.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+
+#include "common/text.h"
+#include "screens/directives.h"
+#include "screens/neighbours.h"
+#include "screens/reader.h"
+#include "term/capabilities.h"
+#include "term/drawing.h"
+#include "term/leaving.h"
+#include "term/popup.h"
+#include "values/values.h"
+
+namespace scrim {
+
+// clang-format off
+const char* const file_funcs[] = {
+    "fulls",       "button:",    "text:",     "title:",       "table:",      "name:",
+    "pop:",        "box:",       "pbutton:",  "dbutton:",     "dpbutton:",   "etext",
+    "detext",      "bdefault",   "checkbox",  "dcheckbox",    "xcheckbox",   "dxcheckbox",
+    "atext",       "btext",      "swin",      "dswin",        "swhigh",      "swdefer",
+    "swpos",       "poplist",    "",
+};
+int (*const file_funcs_x[])() = {
+    f_fulls,       f_button,     f_text,      f_title,        f_table,       f_name,
+    f_pop,         f_box,        f_pbutton,   f_dbutton,      f_dpbutton,    f_etext,
+    f_detext,      f_bdefault,   f_checkbox,  f_dcheckbox,    f_xcheckbox,   f_dxcheckbox,
+    f_atext,       f_btext,      f_swin,      f_dswin,        f_swhigh,      f_swdefer,
+    f_swpos,       f_poplist,    nullptr,
+};
+// clang-format on
+static_assert(std::size(file_funcs) == std::size(file_funcs_x));
+
+static void run_directive() {
+  const std::string_view line = cbuf;
+  for (int row = 0; *file_funcs[row]; row++) {
+    if (!line.starts_with(file_funcs[row])) continue;
+    file_funcs_x[row]();
+    return;
+  }
+  snprintf(tbuf, sizeof tbuf, "Invalid Command: %.1000s", cbuf);
+  end_with(tbuf, 2);
+}
+
+static void choose_active(per_screen& screen) {
+  screen.activeg = 0;
+  screen.oldactive = -1;
+  for (const gadget_list* gadget = screen.gadget_lp; gadget; gadget = gadget->next) {
+    if (!(gadget->flags & GF_DEFAULT)) continue;
+    screen.activeg = gadget->gadgetid;
+    return;
+  }
+}
+
+int ParseScreenFile() {
+  per_screen& screen = s_screen[curscreen];
+  sfp = open_for_reading(screen.path);
+  if (!sfp) return 1;
+  while (next_line()) {
+    env_substitute(cbuf);
+    copy_text(cbuf, tbuf);
+    if (*cbuf && *cbuf != '#') run_directive();
+  }
+  if (sfp != stdin) fclose(sfp);
+  choose_active(screen);
+  link_neighbours(screen);
+  return 0;
+}
+
+// Takes the next name off the list; null when there is none left. Empty names are skipped.
+static char* next_name(char*& list) {
+  list += std::strspn(list, ",");
+  if (!*list) return nullptr;
+  char* name = list;
+  list += std::strcspn(list, ",");
+  if (*list) *list++ = 0;
+  return name;
+}
+
+static int count_names(const char* list) {
+  int count = 0;
+  for (list += std::strspn(list, ","); *list; list += std::strspn(list, ",")) {
+    list += std::strcspn(list, ",");
+    count++;
+  }
+  return count;
+}
+
+static void make_table(char* fnames) {
+  screens = fnames ? count_names(fnames) : 0;
+  if (screens == 0) {
+    fputs("ERROR: Missing screen file names\n", stderr);
+    exit(253);
+  }
+  s_screen = static_cast<per_screen*>(calloc(static_cast<std::size_t>(screens), sizeof *s_screen));
+  if (!s_screen) {
+    fputs("ERROR: out of memory\n", stderr);
+    exit(253);
+  }
+  for (int i = 0; i < screens; i++) {
+    s_screen[i].path = next_name(fnames);
+    copy_text(s_screen[i].filename, s_screen[i].path);
+    copy_text(s_screen[i].default_string, "default");
+  }
+}
+
+[[noreturn]] static void cannot_find(const char* path) {
+  fprintf(stderr, "scrim: Can't find screen file %s\n", path);
+  exit(1);
+}
+
+void InitializeScreens(char* fnames) {
+  make_table(fnames);
+  for (curscreen = 0; curscreen < screens; curscreen++)
+    if (ParseScreenFile() != 0) cannot_find(s_screen[curscreen].path);
+  curscreen = 0;
+  curscrn = s_screen;
+  scrstack[0] = nullptr;
+  scr = scrstack + 1;
+  *scr = curscrn;
+}
+
+}  // namespace scrim

@@ -1,0 +1,87 @@
+// screens/model: the records that screen files become.
+
+#include "screens/model.h"
+
+#include <climits>
+#include <cstdint>
+#include <cstdio>
+
+#include "common/text.h"
+#include "term/popup.h"
+
+namespace scrim {
+
+per_screen* s_screen = nullptr;
+int screens = 0;
+int curscreen = 0;
+per_screen* curscrn = nullptr;
+per_screen* scrstack[stack_slots];
+per_screen** scr = scrstack;
+save_text* atext = nullptr;
+save_text* btext = nullptr;
+char dbtablename[81];
+int swdefer = 0;
+
+static const char no_memory[] = "Can't allocate memory for gadget list";
+
+gadget_list* CreateGadget() {
+  per_screen& screen = s_screen[curscreen];
+  auto* gadget = static_cast<gadget_list*>(allocate(sizeof(gadget_list), no_memory, 3));
+  gadget->prev = screen.blp;
+  (screen.blp ? screen.blp->next : screen.gadget_lp) = gadget;
+  screen.blp = gadget;
+  gadget->gadgetid = screen.gadgets++;
+  gadget->up = gadget->down = gadget->right = gadget->left = -1;
+  return gadget;
+}
+
+gadget_list* gadget_at(const per_screen& screen, int n) {
+  gadget_list* gadget = screen.gadget_lp;
+  while (gadget && n-- > 0) gadget = gadget->next;
+  return gadget;
+}
+
+int screen_core(int x, int y, int w, int h) {
+  per_screen& screen = s_screen[curscreen];
+  screen.windx = x;
+  screen.windy = y;
+  screen.windw = w;
+  screen.windh = h;
+  screen.gadgetc = 0;
+  return 0;
+}
+
+static first_drawing* add_drawing() {
+  per_screen& screen = s_screen[curscreen];
+  auto* drawing = static_cast<first_drawing*>(allocate(sizeof(first_drawing), no_memory, 3));
+  (screen.drawings ? screen.drawings_end->next : screen.drawings) = drawing;
+  screen.drawings_end = drawing;
+  return drawing;
+}
+
+void draw_frame_at_first(int x, int y, int w, int h) {
+  first_drawing* drawing = add_drawing();
+  drawing->x = x;
+  drawing->y = y;
+  drawing->w = w;
+  drawing->h = h;
+}
+
+void draw_rows_at_first(gadget_list& swin) { add_drawing()->rows = &swin; }
+
+void write_position(gadget_list& swin) {
+  snprintf(swin.text, sizeof swin.text, "%d,%d", swin.swhigh, swin.swoff);
+}
+
+int cursor_line(const gadget_list& swin) {
+  const std::int64_t line = std::int64_t{swin.swiny} + swin.swoff;
+  return static_cast<int>(std::clamp<std::int64_t>(line, INT_MIN, INT_MAX));
+}
+
+void follow_cursor(gadget_list& swin) {
+  if (!(swin.flags & GF_SWHIGH)) return;
+  swin.swhigh = cursor_line(swin);
+  write_position(swin);
+}
+
+}  // namespace scrim

@@ -1,0 +1,74 @@
+// screens/reader: the screen file being read, its lines, and the items of a line.
+
+#include "screens/reader.h"
+
+#include <sys/stat.h>
+
+#include "common/text.h"
+#include "term/popup.h"
+#include "values/values.h"
+
+namespace scrim {
+
+static const int line_limit = 509;    // characters of a line before its newline
+static const int shown_of_line = 40;  // of those, what the complaint about a longer one shows
+
+FILE* sfp = nullptr;
+
+FILE* open_for_reading(const char* path) {
+  if (std::strcmp(path, "stdin") == 0) return stdin;
+  FILE* file = fopen(path, "re");
+  struct stat about;
+  if (file && fstat(fileno(file), &about) == 0 && S_ISDIR(about.st_mode)) {
+    fclose(file);
+    return nullptr;
+  }
+  return file;
+}
+
+bool next_line() {
+  int n = 0;
+  int c = getc_unlocked(sfp);
+  if (c == EOF) return false;
+  for (; c != EOF && c != '\n'; c = getc_unlocked(sfp)) {
+    cbuf[n] = static_cast<char>(c);
+    cbuf[++n] = 0;
+    if (n <= line_limit) continue;
+    snprintf(tbuf, sizeof tbuf, "Line too long: %.*s", shown_of_line, cbuf);
+    end_with(tbuf, 3);
+  }
+  if (n > 0 && cbuf[n - 1] == '\r') n--;
+  cbuf[n] = 0;
+  return true;
+}
+
+bool next_block_line() {
+  if (!next_line() || std::string_view(cbuf).starts_with("endtext:")) return false;
+  env_substitute(cbuf);
+  return true;
+}
+
+const char* first_item(const char* line) {
+  const char* colon = std::strchr(line, ':');
+  return colon ? colon + 1 : nullptr;
+}
+
+std::string_view next_item(const char*& at) {
+  if (!at) return {};
+  const std::string_view item(at, std::strcspn(at, ":"));
+  at = at[item.size()] ? at + item.size() + 1 : nullptr;
+  return item;
+}
+
+void next_numbers(const char*& at, const char* separators, int* numbers) {
+  read_numbers(at ? at : "", separators, numbers);
+  next_item(at);
+}
+
+std::size_t word_length(std::string_view text) {
+  std::size_t n = 0;
+  while (n < text.size() && text[n] > ' ' && text[n] < 0x7f) n++;
+  return n;
+}
+
+}  // namespace scrim
