@@ -1,0 +1,173 @@
+// runtime/painting: turns the records of a screen into cells of the terminal.
+// Stored texts stay as they are: what the terminal cannot show is changed on the way to it.
+
+#include "runtime/painting.h"
+
+#include <cstdint>
+
+#include "common/text.h"
+#include "term/drawing.h"
+#include "term/popup.h"
+
+namespace scrim {
+
+static const char marked_blank = static_cast<char>(' ' | 0x80);
+
+// Where the first shown line of a scroll window begins, so that scrolling costs the lines moved and
+// not all those above.
+struct swin_place {
+  swin_place* next;
+  const gadget_list* swin;
+  int line;  // lines of the data before `start`
+  const char* start;
+};
+static swin_place* places = nullptr;
+
+int screen_paint() {
+  const int x = curscrn->windx, y = curscrn->windy, w = curscrn->windw, h = curscrn->windh;
+  if (curscrn->screentype & ST_OVERLAY) {
+    for (int row = 1; row <= h - 2; row++) stand(x + 1, y + row, "", 0, w - 2);
+    return 0;
+  }
+  const bool clear = (curscrn->screentype & ST_CLEAR) != 0;
+  if (clear) sclear();
+  do_box_c(x, y, w, h, !clear);
+  const int n = static_cast<int>(std::strlen(curscrn->screentitle));
+  if (n > 0) stand(x + (w + 1 - n) / 2, y, curscrn->screentitle, ATT_STANDOUT, n);
+  return 0;
+}
+
+static void draw_at_first() {
+  for (const first_drawing* drawing = curscrn->drawings; drawing; drawing = drawing->next) {
+    if (drawing->rows) {
+      display_swin(drawing->rows, -1);
+    } else {
+      do_box_c(drawing->x, drawing->y, drawing->w, drawing->h, 0);
+    }
+  }
+  curscrn->drawings = nullptr;
+}
+
+int PaintScreen() {
+  screen_paint();
+  draw_at_first();
+  for (gadget_list* gadget = curscrn->gadget_lp; gadget; gadget = gadget->next)
+    display_field(gadget);
+  return 0;
+}
+
+// Leading blanks move the text to the right and leave the cells under them as they are; a marked
+// blank ends them, and is an ordinary one from then on.
+static void paint_line(int x, int y, char* line, int n) {
+  int indent = 0;
+  while (indent < n && line[indent] == ' ') indent++;
+  if (indent < n && line[indent] == marked_blank) line[indent] = ' ';
+  stand(x + indent, y, line + indent, 0, n - indent);
+}
+
+static void put_bracket(int x, int y, char bracket) {
+  char text[2] = {bracket, 0};
+  sposition(x, y);
+  display(text);
+}
+
+static void put_brackets(const gadget_list& gadget) {
+  put_bracket(gadget.x - 1, gadget.y, '[');
+  put_bracket(gadget.x + gadget.w, gadget.y, ']');
+}
+
+const char* shown_state(const gadget_list& box) { return *box.text == '_' ? " " : box.text; }
+
+int display_field(gadget_list* gadget) {
+  switch (kind_of(*gadget)) {
+    case GF_BUTTON:
+      stand(gadget->x, gadget->y, gadget->text, ATT_HOTKEY, gadget->w);
+      break;
+    case GF_TEXT:
+      paint_line(gadget->x, gadget->y, gadget->text, static_cast<int>(std::strlen(gadget->text)));
+      break;
+    case GF_CHECKBOX:
+    case GF_XCHECKBOX:
+      put_brackets(*gadget);
+      stand(gadget->x, gadget->y, shown_state(*gadget), ATT_BRACKET, 1);
+      break;
+    case GF_ETEXT:
+    case GF_POPLIST:
+      put_brackets(*gadget);
+      stand(gadget->x, gadget->y, gadget->text, ATT_BRACKET | (gadget->flags & GF_PASSWORD),
+            gadget->w);
+      break;
+    default:
+      break;
+  }
+  return 0;
+}
+
+static swin_place& place_of(const gadget_list& swin) {
+  for (swin_place* place = places; place; place = place->next)
+    if (place->swin == &swin) return *place;
+  auto* place = static_cast<swin_place*>(
+      allocate(sizeof(swin_place), "Can't allocate memory for file data", 3));
+  *place = {places, &swin, 0, swin.filedata};
+  return *(places = place);
+}
+
+// The start of the line behind `line`, or the end of the data.
+static const char* line_behind(const char* line) {
+  const char* end = strchrnul(line, '\n');
+  return *end ? end + 1 : end;
+}
+
+// The start of the line before `line`, which is not the first.
+static const char* line_before(const char* data, const char* line) {
+  auto length = static_cast<std::size_t>(line - data);
+  if (data[length - 1] == '\n') length--;
+  const void* newline = memrchr(data, '\n', length);
+  return newline ? static_cast<const char*>(newline) + 1 : data;
+}
+
+// The start of line n (from 0) of a window's data, or the end of the data: from the last place, or
+// from the top where that is nearer.
+static const char* data_line(const gadget_list& swin, int n) {
+  swin_place& place = place_of(swin);
+  if (n < place.line / 2) {
+    place.line = 0;
+    place.start = swin.filedata;
+  }
+  for (; place.line < n && *place.start; place.line++) place.start = line_behind(place.start);
+  for (; place.line > n; place.line--) place.start = line_before(swin.filedata, place.start);
+  return place.start;
+}
+
+int display_swin(gadget_list* swin, int line) {
+  static char text[coordinate_limit];
+  follow_cursor(*swin);
+  const int first = line == -1 ? 1 : line;
+  const int last = line == -1 ? swin->h - 2 : line;
+  const int width = std::max(swin->w - 4, 0);
+  const char* at = data_line(*swin, swin->swoff);
+  for (int row = 1; row < first && *at; row++) at = line_behind(at);
+  for (int row = first; row <= last; row++) {
+    const char* end = line_behind(at);
+    const char* newline = std::find(at, at + std::min<std::ptrdiff_t>(end - at, width), '\n');
+    *std::copy(at, newline, text) = 0;
+    const bool highlighted = std::int64_t{swin->swhigh} - swin->swoff == row;
+    stand(swin->x + 2, swin->y + row, text, highlighted ? ATT_STANDOUT : 0, width);
+    at = end;
+  }
+  sposition(swin->x + swin->swinx, swin->y + swin->swiny);
+  return 0;
+}
+
+int do_atext(save_text* txt) {
+  if (!txt) return 0;
+  int row = txt->y;
+  for (char* line = txt->text; *line; row++) {
+    const auto n = static_cast<int>(std::strcspn(line, "\n"));
+    paint_line(txt->x, row, line, n);
+    line += n + (line[n] == '\n');
+  }
+  return 0;
+}
+
+}  // namespace scrim

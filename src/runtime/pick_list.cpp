@@ -1,0 +1,150 @@
+// runtime/pick_list: a column of words, of which the user picks one.
+// A list that fits is drawn once; of a longer one a part is shown that follows the selection.
+
+#include "runtime/pick_list.h"
+
+#include "common/text.h"
+#include "screens/model.h"
+#include "term/capabilities.h"
+#include "term/drawing.h"
+#include "term/keys.h"
+
+namespace scrim {
+
+static const int widest_entry = 39;  // columns of an entry that are shown
+
+struct pick_list {
+  char** entries;
+  int count;
+  int x, y;      // of the first shown entry
+  int width;     // columns of every entry
+  int rows;      // entries shown at a time
+  int first;     // the first one shown
+  int selected;  // the highlighted one
+  int result;    // once the user has left
+};
+
+static void measure(pick_list& list) {
+  for (; list.entries[list.count]; list.count++) {
+    const std::size_t length = strnlen(list.entries[list.count], widest_entry);
+    list.width = std::max(list.width, static_cast<int>(length));
+  }
+}
+
+// The row behind the last one that the list may use.
+static int lowest_row() {
+  if (screens == 0 || s_screen[curscreen].windh <= 0) return T_LINES;
+  return s_screen[curscreen].windy + s_screen[curscreen].windh;
+}
+
+// Moves the list up until it ends above the bound, and shows a part of it where even that is too
+// little room. `top` is the highest row that an entry may take.
+static void fit(pick_list& list, int top) {
+  const int bound = lowest_row();
+  if (list.y + list.count + 1 > bound) list.y = bound - (list.count + 1);
+  list.y = std::max(list.y, top);
+  list.rows = std::clamp(bound - 1 - list.y, 1, list.count);
+}
+
+static void draw_entry(const pick_list& list, int entry, int att) {
+  stand(list.x, list.y + entry - list.first, list.entries[entry], att, list.width);
+}
+
+static void draw_entries(const pick_list& list) {
+  for (int row = 0; row < list.rows; row++) draw_entry(list, list.first + row, 0);
+}
+
+// Shows the part that holds the selection. Returns whether that is another part than before.
+static bool follow_selection(pick_list& list) {
+  const int before = list.first;
+  list.first = std::clamp(list.first, list.selected - list.rows + 1, list.selected);
+  return list.first != before;
+}
+
+static void select(pick_list& list, int entry) {
+  draw_entry(list, list.selected, 0);
+  list.selected = entry;
+  if (follow_selection(list)) draw_entries(list);
+}
+
+// The key actions. Each returns whether the user has left the list.
+static bool move_up(pick_list& list, int) {
+  select(list, std::max(list.selected - 1, 0));
+  return false;
+}
+
+static bool move_down(pick_list& list, int) {
+  select(list, (list.selected + 1) % list.count);
+  return false;
+}
+
+static bool search(pick_list& list, int key) {
+  if (key >= 'a' && key <= 'z') key -= 'a' - 'A';
+  if (key < 'A' || key > 'Z') return false;
+  int entry = list.selected;
+  do {
+    entry = (entry + 1) % list.count;
+  } while (entry != list.selected && *list.entries[entry] != key);
+  select(list, entry);
+  return false;
+}
+
+static bool take(pick_list& list, int) {
+  list.result = list.selected;
+  return true;
+}
+
+static bool leave_by_tab(pick_list& list, int) {
+  list.result = list_left_by_tab;
+  return true;
+}
+
+static bool cancel(pick_list& list, int) {
+  list.result = list_cancelled;
+  return true;
+}
+
+static bool take_clicked(pick_list& list, int) {
+  const int row = mouse_up[mouse_row] - list.y;
+  if (row < 0 || row >= list.rows) return false;
+  list.result = list.first + row;
+  return true;
+}
+
+struct key_row {
+  int key;
+  bool (*action)(pick_list&, int key);
+};
+static const key_row keys[] = {
+    {XKEY_UP, move_up},      {key_ctrl_u, move_up},      {XKEY_DOWN, move_down},
+    {key_ctrl_d, move_down}, {' ', move_down},           {key_line_feed, take},
+    {key_return, take},      {key_tab, leave_by_tab},    {key_escape, cancel},
+    {key_ctrl_x, cancel},    {XKEY_MOUSE, take_clicked},
+};
+
+static bool act(pick_list& list, int key) {
+  for (const key_row& row : keys)
+    if (row.key == key) return row.action(list, key);
+  return search(list, key);
+}
+
+int do_list(int f, int csel) {
+  pick_list list = {};
+  list.entries = largv + 2;
+  read_number(largv[0], list.x);
+  read_number(largv[1], list.y);
+  list.x += f;
+  list.y += f;
+  measure(list);
+  fit(list, f);
+  list.selected = std::clamp(csel, 0, list.count - 1);
+  follow_selection(list);
+  draw_entries(list);
+  if (f) do_box_c(list.x - 1, list.y - 1, list.width + 2, list.rows + 2, 0);
+  do {
+    draw_entry(list, list.selected, ATT_STANDOUT);
+  } while (!act(list, get_key()));
+  return list.result;
+}
+
+}  // namespace scrim

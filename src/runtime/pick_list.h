@@ -1,0 +1,15 @@
+// runtime/pick_list: a column of words, of which the user picks one.
+#pragma once
+
+namespace scrim {
+
+// Results of do_list other than the index of an entry.
+enum { list_left_by_tab = -2, list_cancelled = -3 };
+
+// Shows the list of `largv` (column, row, then at least one entry) and lets the user pick.
+// `f` is 1 for a frame around it, drawn at the given position with the entries inside; `csel` is
+// the entry highlighted first. Returns the index of the entry picked, or one of the codes above.
+// What it draws stays on the screen.
+int do_list(int f, int csel);
+
+}  // namespace scrim

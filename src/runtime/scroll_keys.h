@@ -1,0 +1,19 @@
+// runtime/scroll_keys: the keys inside a scroll window: by line, by page, and choosing a line.
+#pragma once
+
+#include "screens/model.h"
+
+namespace scrim {
+
+// Moves the cursor by a line, scrolling at the first and last rows.
+void line_up(gadget_list& swin);
+void line_down(gadget_list& swin);
+
+// Scrolls by a page; the cursor goes to the first row. At the ends of the data nothing happens.
+void page_up(gadget_list& swin);
+void page_down(gadget_list& swin);
+
+// Selects the cursor's line, or deselects it when it is selected, and makes it the window's value.
+void select_line(gadget_list& swin);
+
+}  // namespace scrim

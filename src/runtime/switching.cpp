@@ -1,0 +1,64 @@
+// runtime/switching: the screen stack, and the two ways to another screen.
+
+#include "runtime/switching.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "runtime/painting.h"
+#include "screens/model.h"
+#include "term/popup.h"
+
+namespace scrim {
+
+static char message[256];
+
+[[noreturn]] static void unsuccessful(const char* move, const char* name) {
+  snprintf(message, sizeof message, "%s screen %s from %s unsuccessful", move, name,
+           curscrn->screenname);
+  end_with(message, 3);
+}
+
+static per_screen* find_screen(const char* name) {
+  for (int i = 0; i < screens; i++)
+    if (std::strcmp(s_screen[i].screenname, name) == 0) return &s_screen[i];
+  return nullptr;
+}
+
+static int show_top() {
+  curscrn = *scr;
+  curscreen = static_cast<int>(curscrn - s_screen);
+  return PaintScreen();
+}
+
+int DoGoToScreen(const char* s) {
+  per_screen* screen = find_screen(s + 1);
+  if (!screen) unsuccessful("switch to", s + 1);
+  *scr = screen;
+  return show_top();
+}
+
+static void drop_top() {
+  if (!scr[-1]) {
+    snprintf(message, sizeof message, "return from screen %s not allowed", curscrn->screenname);
+    end_with(message, 3);
+  }
+  scr--;
+}
+
+static void push(const char* name) {
+  per_screen* screen = find_screen(name);
+  if (!screen || scr == scrstack + stack_slots - 1) unsuccessful("pop up", name);
+  *++scr = screen;
+}
+
+int DoSubScreen(const char* s) {
+  if (s[1]) {
+    push(s + 1);
+  } else {
+    drop_top();
+  }
+  return show_top();
+}
+
+}  // namespace scrim
