@@ -46,20 +46,30 @@ const char* p_dbtype_cvt(const gadget_list* gadget, int incldoper) {
   return converted;
 }
 
+// Where values go, the first that the command line named: what stands between name and value, and
+// whether the value brings its operator.
+struct sql_row {
+  int flag;
+  const char* between;
+  int incldoper;
+  int (*write)(const char*);
+};
+static const sql_row sql_files[] = {
+    {sql_add, " ", 0, p_sql_add_out},
+    {sql_where, " ", 1, p_sql_where_out},
+    {sql_update, " = ", 0, p_sql_update_out},
+};
+
 static void write_value(const gadget_list& gadget) {
-  if (global_flags & sql_add) {
-    snprintf(tbuf, sizeof tbuf, "%s %s\n", gadget.op, p_dbtype_cvt(&gadget, 0));
-    p_sql_add_out(tbuf);
-  } else if (global_flags & sql_where) {
-    snprintf(tbuf, sizeof tbuf, "%s %s\n", gadget.op, p_dbtype_cvt(&gadget, 1));
-    p_sql_where_out(tbuf);
-  } else if (global_flags & sql_update) {
-    snprintf(tbuf, sizeof tbuf, "%s = %s\n", gadget.op, p_dbtype_cvt(&gadget, 0));
-    p_sql_update_out(tbuf);
-  } else {
-    snprintf(tbuf, sizeof tbuf, "%s=\"%s\";export %s", gadget.op, gadget.text, gadget.op);
-    p_out(tbuf);
+  for (const sql_row& row : sql_files) {
+    if (!(global_flags & row.flag)) continue;
+    snprintf(tbuf, sizeof tbuf, "%s%s%.900s\n", gadget.op, row.between,
+             p_dbtype_cvt(&gadget, row.incldoper));
+    row.write(tbuf);
+    return;
   }
+  snprintf(tbuf, sizeof tbuf, "%s=\"%s\";export %s", gadget.op, gadget.text, gadget.op);
+  p_out(tbuf);
 }
 
 static bool is_written(const gadget_list& gadget) {

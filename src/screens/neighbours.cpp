@@ -121,11 +121,12 @@ void link_neighbours(per_screen& screen) {
     const int first = (*order)->gadgetid;
     const int last = first_declared(order_end[-1])->gadgetid;
     auto number = [](const gadget_list* t, int otherwise) { return t ? t->gadgetid : otherwise; };
-    for (gadget_pointer* b = order; b < order_end; b++) {
-      (*b)->up = number(above_of(**b), last);
-      (*b)->down = number(below_of(**b), first);
-      (*b)->right = number(right_of(**b), first);
-      (*b)->left = number(left_of(**b), last);
+    for (gadget_list* b = screen.gadget_lp; b; b = b->next) {
+      if (!navigable(*b)) continue;
+      b->up = number(above_of(*b), last);
+      b->down = number(below_of(*b), first);
+      b->right = number(right_of(*b), first);
+      b->left = number(left_of(*b), last);
     }
   }
   free(order);

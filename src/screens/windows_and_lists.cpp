@@ -20,9 +20,9 @@
 
 namespace scrim {
 
-static const std::size_t read_piece = 256 * 1024;  // bytes of one read
-static const std::size_t huge_page =
-    2 * 1024 * 1024;  // large data is aligned to pages of this size
+static const std::size_t read_piece = std::size_t{256} << 10;  // bytes of one read
+static const std::size_t huge_page = std::size_t{2}
+                                     << 20;  // large data is aligned to pages of this size
 static const char no_memory_for_data[] = "Can't allocate memory for file data";
 static const char no_memory_for_list[] = "Can't allocate memory for popup list";
 

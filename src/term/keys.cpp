@@ -118,10 +118,10 @@ static std::int16_t take_report() {
 }
 
 static std::int16_t hand_out() {
-  const std::int16_t result = static_cast<signed char>(key[0]);
+  const int byte = static_cast<unsigned char>(key[0]);
   std::memmove(key, key + 1, static_cast<std::size_t>(--xkey_index));
   if (xkey_index == 0) read_blocking();
-  return result;
+  return static_cast<std::int16_t>(byte < 0x80 ? byte : byte - 0x100);
 }
 
 static std::int16_t recognised(std::int16_t code) {

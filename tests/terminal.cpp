@@ -1,0 +1,215 @@
+// tests/terminal: the expectations are conditions on the emulator's screen, polled.
+// SCRIM_BINARY names the program, SCRIM_TERMINFO the directory of the tests' own terminals.
+
+#include "tests/terminal.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "tools/picture.h"
+
+namespace scrim {
+
+namespace {
+
+constexpr int patience = 2000;  // ms for an expectation to come true
+constexpr int quiet = 20;       // ms without output that make a pause
+
+std::string without_trailing_blanks(std::string_view text) {
+  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
+}
+
+// The rows of a raw-string picture without what indents it in the source.
+std::vector<std::string> rows_of(std::string_view picture) {
+  if (!picture.empty() && picture.front() == '\n') picture.remove_prefix(1);
+  std::istringstream lines{std::string(picture)};
+  std::vector<std::string> rows;
+  size_t margin = std::string::npos;
+  for (std::string line; std::getline(lines, line); rows.push_back(line)) {
+    bool closing = lines.eof() && line.find_first_not_of(' ') == std::string::npos;
+    margin = std::min(margin, closing ? line.size() : line.find_first_not_of(' '));
+    if (closing) break;
+  }
+  if (picture.ends_with('\n')) margin = 0;
+  for (std::string& row : rows)
+    row = row.size() < margin ? "" : without_trailing_blanks(row.substr(margin));
+  return rows;
+}
+
+std::string joined(const std::vector<std::string>& rows) {
+  std::string text;
+  for (const std::string& row : rows) text += row + "\n";
+  return text;
+}
+
+std::string place(int row, int column) {
+  return "row " + std::to_string(row) + ", column " + std::to_string(column);
+}
+
+}  // namespace
+
+Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
+  std::string name = std::filesystem::temp_directory_path() / "scrim-test-XXXXXX";
+  if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary directory " << name;
+  directory_ = name;
+  if (emulator.setup.directory.empty()) directory(name);
+  const char* path = getenv("PATH");
+  std::string own = std::filesystem::path(SCRIM_BINARY).parent_path();
+  env("PATH", own + ":" + (path == nullptr ? "/usr/bin:/bin" : path));
+  env("TERMINFO_DIRS", SCRIM_TERMINFO ":");
+}
+
+Terminal::~Terminal() {
+  for (int descriptor : {emulator.setup.input, emulator.setup.output})
+    if (descriptor >= 0) close(descriptor);
+  std::error_code ignored;
+  std::filesystem::remove_all(directory_, ignored);
+}
+
+void Terminal::env(const std::string& name, const std::string& value) {
+  emulator.setup.environment.push_back(name + "=" + value);
+}
+
+void Terminal::file(const std::string& name, std::string_view content) {
+  std::ofstream(path(name), std::ios::binary) << content;
+}
+
+void Terminal::input(std::string_view bytes) {
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
+  EXPECT_EQ(write(ends[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+  close(ends[1]);
+  fcntl(ends[0], F_SETFL, 0);
+  emulator.setup.input = ends[0];
+}
+
+void Terminal::input_from(const std::string& name) {
+  emulator.setup.input = open(path(name).c_str(), O_RDONLY | O_CLOEXEC);
+  EXPECT_GE(emulator.setup.input, 0) << name;
+}
+
+void Terminal::output_to(const std::string& name) {
+  emulator.setup.output = open(path(name).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  EXPECT_GE(emulator.setup.output, 0) << name;
+}
+
+void Terminal::run(const std::vector<std::string>& arguments, test_line where) {
+  std::vector<std::string> all = {SCRIM_BINARY};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  command(all, where);
+}
+
+void Terminal::command(const std::vector<std::string>& arguments, test_line where) {
+  if (!emulator.start(arguments)) ADD_FAILURE_AT(where.file, where.line) << "no process";
+  emulator.await_key(quiet, patience);
+}
+
+void Terminal::type(std::string_view bytes) {
+  emulator.send(bytes);
+  emulator.settle(quiet, patience);
+}
+
+void Terminal::expect(const std::string& wanted, const std::function<std::string()>& found,
+                      test_line where) {
+  const int64_t deadline = milliseconds() + patience;
+  while (found() != wanted) {
+    if (emulator.ended() || milliseconds() >= deadline) {
+      ADD_FAILURE_AT(where.file, where.line) << "expected\n"
+                                             << wanted << "\nfound\n"
+                                             << found() << "\non the screen\n"
+                                             << screen();
+      return;
+    }
+    emulator.pump(quiet);
+  }
+}
+
+void Terminal::expect_row(int row, std::string_view text, test_line where) {
+  expect(
+      without_trailing_blanks(text), [&] { return emulator.text(row); }, where);
+}
+
+void Terminal::expect_screen(int row, std::string_view picture, test_line where) {
+  const std::vector<std::string> wanted = rows_of(picture);
+  auto found = [&] {
+    std::vector<std::string> rows;
+    while (rows.size() < wanted.size())
+      rows.push_back(emulator.text(row + static_cast<int>(rows.size())));
+    return joined(rows);
+  };
+  expect(joined(wanted), found, where);
+}
+
+void Terminal::expect_text(int row, int column, std::string_view text, test_line where) {
+  auto found = [&] {
+    std::string rest = emulator.text(row, column);
+    rest.resize(std::max(rest.size(), text.size()), ' ');
+    return rest.substr(0, text.size());
+  };
+  expect(std::string(text), found, where);
+}
+
+void Terminal::expect_shown(std::string_view text, test_line where) {
+  auto found = [&] { return screen().find(text) == std::string::npos ? "" : std::string(text); };
+  expect(std::string(text), found, where);
+}
+
+void Terminal::expect_run(const char* what, bool screen_cell::*attribute, int row, int column,
+                          int width, test_line where) {
+  auto described = [&](int start, int cells) {
+    return std::to_string(cells) + " cells in " + what + " from " + place(row, start);
+  };
+  auto found = [&] {
+    int start = column, end = column;
+    while (emulator.cell(row, end).*attribute) ++end;
+    while (end > column && emulator.cell(row, start - 1).*attribute) --start;
+    return described(start, end - start);
+  };
+  expect(described(column, width), found, where);
+}
+
+void Terminal::expect_reverse(int row, int column, int width, test_line where) {
+  expect_run("reverse", &screen_cell::reverse, row, column, width, where);
+}
+
+void Terminal::expect_underline(int row, int column, int width, test_line where) {
+  expect_run("underline", &screen_cell::underline, row, column, width, where);
+}
+
+void Terminal::expect_cursor(int row, int column, test_line where) {
+  auto found = [&] { return place(emulator.cursor().row, emulator.cursor().col); };
+  expect(place(row, column), found, where);
+}
+
+void Terminal::expect_exit(int status, std::string_view output, test_line where) {
+  auto described = [](int code, std::string_view bytes, bool kept) {
+    return "status " + std::to_string(code) + (kept ? "" : ", other line settings") +
+           ", output:\n" + std::string(bytes);
+  };
+  auto found = [&] {
+    if (!emulator.ended()) return std::string("a program that still runs");
+    return described(emulator.status(), emulator.output(), emulator.settings_kept());
+  };
+  expect(described(status, output, true), found, where);
+}
+
+std::string Terminal::path(const std::string& name) const {
+  return std::filesystem::path(directory_) / name;
+}
+
+std::string Terminal::read(const std::string& name) const {
+  std::ifstream stream(path(name), std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::string Terminal::screen() const { return text_picture(emulator); }
+
+}  // namespace scrim

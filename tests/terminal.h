@@ -1,0 +1,90 @@
+// tests/terminal: one session of a program in a terminal of its own, as a test reads it.
+// Rows and columns count from 0. Every expect_ waits until it holds; after two seconds it fails and
+// shows what was expected and what is there.
+
+#ifndef SCRIM_TESTS_TERMINAL_H_
+#define SCRIM_TESTS_TERMINAL_H_
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/emulator.h"
+
+namespace scrim {
+
+// What an xterm sends in the keypad-transmit mode that its description switches on.
+inline constexpr char kUp[] = "\033OA", kDown[] = "\033OB", kRight[] = "\033OC", kLeft[] = "\033OD";
+inline constexpr char kHome[] = "\033OH", kEnd[] = "\033OF", kDelete[] = "\033[3~";
+inline constexpr char kPageUp[] = "\033[5~", kPageDown[] = "\033[6~", kBackspace[] = "\177";
+inline constexpr char kF1[] = "\033OP", kF2[] = "\033OQ", kF3[] = "\033OR", kF4[] = "\033OS";
+
+// The line of the test that called, for its failure message.
+struct test_line {
+  static constexpr test_line here(const char* file = __builtin_FILE(),
+                                  int line = __builtin_LINE()) {
+    return {file, line};
+  }
+  const char* file;
+  int line;
+};
+
+class Terminal {
+ public:
+  // Terminal t({.term = "vt100", .rows = 24}); makes a directory of its own, the program's working
+  // directory unless directory() says otherwise.
+  explicit Terminal(const emulator_setup& setup = {});
+  ~Terminal();
+
+  // Before the start.
+  void env(const std::string& name, const std::string& value);
+  void file(const std::string& name, std::string_view content);  // into the own directory
+  void directory(const std::string& path) { emulator.setup.directory = path; }
+  void input(std::string_view bytes);        // standard input: a pipe with these bytes (64 KiB)
+  void input_from(const std::string& name);  // standard input: a file, seen from the own directory
+  void output_to(const std::string& name);   // standard output, likewise: "/dev/full"
+
+  // Start scrim or any command (scrim is found first on its PATH), and wait until it has ended or
+  // waits for a key. Once for each Terminal.
+  void run(const std::vector<std::string>& arguments, test_line where = test_line::here());
+  void command(const std::vector<std::string>& arguments, test_line where = test_line::here());
+
+  // Types the bytes together and waits until the program has dealt with them.
+  void type(std::string_view bytes);
+
+  // Trailing blanks never count. A picture is a raw string: its column 0 is that of its closing
+  // quote (or of the line that starts further left), its first line break does not count.
+  void expect_row(int row, std::string_view text, test_line where = test_line::here());
+  void expect_screen(int row, std::string_view picture, test_line where = test_line::here());
+  void expect_text(int row, int column, std::string_view text, test_line where = test_line::here());
+  void expect_shown(std::string_view text, test_line where = test_line::here());  // in any row
+
+  // A run of exactly `width` cells starts at the column; width 0: the cell has no such attribute.
+  void expect_reverse(int row, int column, int width, test_line where = test_line::here());
+  void expect_underline(int row, int column, int width, test_line where = test_line::here());
+  void expect_cursor(int row, int column, test_line where = test_line::here());
+
+  // The end: exit code (or 128 + signal number), all of the collected standard output, and line
+  // settings as they were before the start.
+  void expect_exit(int status, std::string_view output, test_line where = test_line::here());
+
+  std::string read(const std::string& name) const;  // a file of the own directory, "" when absent
+  std::string path(const std::string& name) const;  // its full name
+  std::string screen() const;                       // all rows but the empty ones at the end
+  const std::string& raw() const { return emulator.raw(); }  // every byte that was drawn
+
+  Emulator emulator;
+
+ private:
+  void expect(const std::string& wanted, const std::function<std::string()>& found,
+              test_line where);
+  void expect_run(const char* what, bool screen_cell::*attribute, int row, int column, int width,
+                  test_line where);
+
+  std::string directory_;
+};
+
+}  // namespace scrim
+
+#endif  // SCRIM_TESTS_TERMINAL_H_
