@@ -60,8 +60,8 @@ class Emulator {
   // while it waits for no key, ten times as long. At most `limit` ms. False at the limit.
   bool settle(int quiet, int limit);
 
-  // For the start: pumps until the command has ended or waits for a key, then settles; each at
-  // most `limit` ms. False when one of them took longer.
+  // For the start and between programs of a script: pumps until the command has ended or waits for
+  // a key, then settles; each at most `limit` ms. False when one of them took longer.
   bool await_key(int quiet, int limit);
 
   // The command has read all that was sent and stands in an untimed read of single keys.

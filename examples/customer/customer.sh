@@ -1,19 +1,22 @@
 #!/bin/sh
-# customer.sh: shows the customer form, evaluates what it hands back and prints what was entered.
+# customer.sh: shows the customer form and prints what was entered.
 # Values set beforehand fill the fields: CUSTOMER_NAME=Smith examples/customer/customer.sh
-cd "$(dirname "$0")" || exit
+here=$(cd "$(dirname "$0")" && pwd) || exit
+. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
 
 CUSTOMER_SINCE=${CUSTOMER_SINCE-$(date +%m/%d/%Y)}
 export CUSTOMER_SINCE
 
-result=$(scrim -f customer.scrim) || exit
-eval "$result"
+# What the user leaves as it is is not handed back: it keeps the value it had.
+NAME=$CUSTOMER_NAME STREET=$CUSTOMER_STREET ZIP=$CUSTOMER_ZIP TOWN=$CUSTOMER_TOWN
+SINCE=$CUSTOMER_SINCE CREDIT=$CUSTOMER_LIMIT PASSWORD=''
 
-case $RETN in
-  save)
-    printf '%s\n' "Name:      ${NAME-$CUSTOMER_NAME}" "Street:    ${STREET-$CUSTOMER_STREET}" \
-      "Town:      ${ZIP-$CUSTOMER_ZIP} ${TOWN-$CUSTOMER_TOWN}" \
-      "Since:     ${SINCE-$CUSTOMER_SINCE}" "Credit:    ${CREDIT-$CUSTOMER_LIMIT}"
-    ;;
-  *) printf '%s\n' "Nothing saved ($RETN)." ;;
-esac
+cd "$here" || exit
+scrim_read NAME STREET ZIP TOWN SINCE CREDIT PASSWORD -- -f customer.scrim || exit
+
+if [ "$RETN" = save ]; then
+  printf '%s\n' "Name:   $NAME" "Street: $STREET" "Town:   $ZIP $TOWN" "Since:  $SINCE" \
+    "Credit: $CREDIT" "Password of ${#PASSWORD} characters"
+else
+  printf '%s\n' "Nothing saved ($RETN)."
+fi

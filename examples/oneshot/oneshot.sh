@@ -1,0 +1,31 @@
+#!/bin/sh
+# oneshot.sh: the one-shot modes together: a menu, a progress bar over real work (the words of this
+# file are counted), a message and an error.
+here=$(cd "$(dirname "$0")" && pwd) || exit
+. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+
+count_words() {
+  total=$(wc -l <"$here/oneshot.sh")
+  lines=0 words=0
+  scrim -b 18 8 44 5
+  while read -r line; do
+    lines=$((lines + 1))
+    # shellcheck disable=SC2086 # the words of the line
+    set -f && set -- $line && set +f
+    words=$((words + $#))
+    scrim_progress 10 40 "$lines" "$total"
+  done <"$here/oneshot.sh"
+  scrim -m "20,13" "$words words in $lines lines."
+}
+
+clear
+while :; do
+  scrim -m "5,1" 'What shall be done?'
+  scrim_read -- -l -b 5 3 'Count words' 'Make an error' 'Quit' || exit
+  clear
+  case $SCRIM in
+    0) count_words ;;
+    1) scrim -e "There is no file /none: it was never made." && clear ;;
+    *) exit 0 ;;
+  esac
+done

@@ -1,0 +1,91 @@
+// The examples, as a person runs them: from another directory, to their end.
+
+#include <gtest/gtest.h>
+
+#include "tests/terminal.h"
+
+namespace scrim {
+namespace {
+
+std::string example(const std::string& name) { return SCRIM_SOURCE "/examples/" + name; }
+
+TEST(Examples, CustomerIsPrintedAsEntered) {
+  Terminal t;
+  t.env("CUSTOMER_SINCE", "1/2/99");
+  t.env("CUSTOMER_TOWN", "Bonn");
+  t.command({example("customer/customer.sh")});
+  t.type("Smith & \"Co\" $(exit 9)" + std::string(kDown) + "Main St\t53111\t\t\t42.5s\tpw");
+  t.expect_row(3, "│      Name       [Smith & \"Co\" $(exit 9)        ]                            │");
+  t.expect_row(11, "│      Password   [**                  ]                                      │");
+  t.type("\t\r");
+  t.expect_exit(0,
+                "Name:   Smith & \"Co\" $(exit 9)\nStreet: Main St\nTown:   53111 Bonn\n"
+                "Since:  1/2/99\nCredit: 42.5\nPassword of 2 characters\n");
+}
+
+TEST(Examples, CustomerCancelled) {
+  Terminal t;
+  t.command({example("customer/customer.sh")});
+  t.type("Smith\033");
+  t.expect_exit(0, "Nothing saved (cancel).\n");
+}
+
+// The missing name is on the first page, the button that asks for it on the last one.
+TEST(Examples, OrderIsCheckedOverAllPages) {
+  Terminal t;
+  t.command({example("order/order.sh")});
+  t.type(kPageDown);
+  t.expect_shown("Article          [Anvil     ]");
+  t.type(kPageDown);
+  t.type(" ");
+  t.expect_shown("Somebody has to sign for it.");
+  t.expect_text(5, 5, "[ ]");
+  t.type("\n");
+  t.expect_shown("Missing value in required field!");
+  t.expect_shown("New order: who (1 of 3)");
+  t.type("x");
+  t.type("Miller" + std::string(kDown) + kDown + kDown + kRight);
+  t.type("\r");
+  t.expect_shown("Dates are month/day/year: 12/31/2026.");
+  t.type("\r");
+  t.expect_row(3, "│      Customer    [Miller                        ]                           │");
+  t.type(std::string(kPageDown) + kF3 + "h\r\t" + kBackspace + "12");
+  t.type(kDown);
+  t.type(" ");
+  t.type(std::string(kPageDown) + "\n");
+  t.expect_exit(0, t.emulator.output());
+  const std::string printed = t.emulator.output();
+  EXPECT_TRUE(printed.starts_with("Customer: Miller <>\nOrder:    12 of Hammer, by courier\n"))
+      << printed;
+  EXPECT_TRUE(printed.ends_with("Gift wrapped\nWith invoice\n")) << printed;
+}
+
+TEST(Examples, LogLineIsHandedBack) {
+  Terminal t;
+  t.command({example("logview/logview.sh")});
+  t.expect_text(2, 3, "10:11:00 job 1 finished");
+  t.expect_reverse(2, 3, 73);
+  t.type(std::string(kPageDown) + kPageDown + kDown + kDown);
+  t.type("a");
+  t.expect_text(2, 3, "10:41:00 job 31 finished");
+  t.expect_reverse(4, 3, 73);
+  t.type("s");
+  t.expect_exit(0, "10:43:00 job 33 finished with status 0\n");
+}
+
+TEST(Examples, OneShotModesTogether) {
+  Terminal t;
+  t.command({example("oneshot/oneshot.sh")});
+  t.type("\r");
+  t.expect_shown(" lines.");
+  t.expect_reverse(10, 20, 40);
+  t.expect_reverse(4, 6, 13);
+  t.type(std::string(kDown) + "\r");
+  t.expect_shown("There is no file /none");
+  t.type("x");
+  t.type("Q\r");
+  t.expect_exit(0, t.emulator.output());
+}
+
+}  // namespace
+}  // namespace scrim
