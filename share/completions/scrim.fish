@@ -1,0 +1,33 @@
+# fish completion for scrim.
+
+# The list of screen files being typed, completed at its last name.
+function __scrim_screens
+    set -l list (string match -r '^.*,' -- (commandline -ct))
+    set -l last (string replace -r '^.*,' '' -- (commandline -ct))
+    set -l names $last*.scrim $last*/
+    printf '%s\n' "$list"$names
+    test -z "$list"; and echo stdin
+end
+
+# The file options keep their file in the same word, behind the letter.
+function __scrim_attached
+    set -l names (string replace -r '^-.' '' -- (commandline -ct))*
+    printf '%s\n' $names
+end
+
+complete -c scrim -f
+complete -c scrim -s f -x -a '(__scrim_screens)' -d 'Show a form'
+complete -c scrim -s l -d 'Show a pick list'
+complete -c scrim -s b -d 'Draw a frame'
+complete -c scrim -s e -d 'Show an error message'
+complete -c scrim -s p -d 'Place the cursor'
+complete -c scrim -s t -x -d 'Draw a progress bar'
+complete -c scrim -s m -x -d 'Write a message'
+complete -c scrim -s A -x -a '(__scrim_attached)' -d 'Write an insert fragment'
+complete -c scrim -s U -x -a '(__scrim_attached)' -d 'Write an update fragment'
+complete -c scrim -s W -x -a '(__scrim_attached)' -d 'Write a where fragment'
+complete -c scrim -s I -x -a '(__scrim_attached)' -d 'Read default values'
+complete -c scrim -s r -d 'Highlight by the standout string'
+complete -c scrim -s T -d 'Describe the terminal by termcap'
+complete -c scrim -s d -d 'Test the keys'
+complete -c scrim -s D -d 'Dump the terminal strings'
