@@ -45,57 +45,76 @@ static char* data_memory(std::size_t n) {
   return static_cast<char*>(memory);
 }
 
-static char* larger(char* data, std::size_t used, std::size_t size) {
-  char* moved = data_memory(size);
-  std::memcpy(moved, data, used);
-  free(data);
-  return moved;
+// Counts in bytes, as many as cannot overflow one, which the compiler does for many at a time.
+static std::int64_t count_newlines(const char* data, std::size_t n) {
+  const std::size_t block = 240;
+  std::int64_t total = 0;
+  for (; n >= block; data += block, n -= block) {
+    unsigned char sum = 0;
+    for (std::size_t i = 0; i < block; i++)
+      sum = static_cast<unsigned char>(sum + (data[i] == '\n'));
+    total += sum;
+  }
+  return total + std::count(data, data + n, '\n');
 }
 
-static ssize_t read_some(int fd, char* to, std::size_t n) {
+// A scroll window's data while they are read.
+struct reading {
+  int fd;
+  const char* path;  // for the message
+  char* data;        // `size` bytes, of which `used` are read
+  std::size_t size;
+  std::size_t used;
+  std::int64_t newlines;  // before the first NUL
+  bool ended;             // a NUL has come: data end there
+};
+
+// Reads up to n bytes more. Returns false at the end of the file.
+static bool read_more(reading& file, char* to, std::size_t n) {
   ssize_t got = 0;
   do {
-    got = read(fd, to, n);
+    got = read(file.fd, to, n);
   } while (got < 0 && errno == EINTR);
-  return got;
+  if (got < 0) cannot_open(file.path);
+  const auto bytes = static_cast<std::size_t>(got);
+  if (!file.ended && bytes > 0) {
+    const void* nul = std::memchr(to, 0, bytes);
+    file.ended = nul != nullptr;
+    file.newlines += count_newlines(
+        to, nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - to) : bytes);
+  }
+  file.used += bytes;
+  return bytes > 0;
 }
 
-// Reads what fd gives into the window's data and counts its lines; data end at the first NUL.
+// The size may have been none, as a pipe's, or have grown: makes room when there is more to read.
+static bool read_past_size(reading& file) {
+  char more = 0;
+  if (!read_more(file, &more, 1)) return false;
+  const std::size_t size = std::max(2 * file.size, read_piece);
+  char* moved = data_memory(size);
+  std::memcpy(moved, file.data, file.used - 1);
+  free(file.data);
+  moved[file.used - 1] = more;
+  file.data = moved;
+  file.size = size;
+  return true;
+}
+
 static void read_data(gadget_list& swin, int fd, const char* path) {
   struct stat about;
   if (fstat(fd, &about) != 0) cannot_open(path);
-  std::size_t size = static_cast<std::size_t>(about.st_size) + 1;
-  std::size_t used = 0;
-  std::int64_t newlines = 0;
-  bool ended = false;
-  char* data = data_memory(size);
-  for (;;) {
-    if (used + 1 == size) {
-      // The size may have been none, as a pipe's, or too small: is there more?
-      char more = 0;
-      const ssize_t got = read_some(fd, &more, 1);
-      if (got < 0) cannot_open(path);
-      if (got == 0) break;
-      size = std::max(2 * size, read_piece);
-      data = larger(data, used, size);
-      data[used++] = more;
-      newlines += more == '\n' && !ended;
-      ended |= more == 0;
-    }
-    const ssize_t got = read_some(fd, data + used, std::min(read_piece, size - 1 - used));
-    if (got < 0) cannot_open(path);
-    if (got == 0) break;
-    const char* end = data + used + got;
-    if (!ended) {
-      const char* last = std::find(data + used, data + used + got, '\0');
-      newlines += std::count(data + used, data + (last - data), '\n');
-      ended = last != end;
-    }
-    used += static_cast<std::size_t>(got);
+  reading file = {fd, path, nullptr, static_cast<std::size_t>(about.st_size) + 1, 0, 0, false};
+  file.data = data_memory(file.size);
+  bool more = true;
+  while (more) {
+    const std::size_t room = file.size - 1 - file.used;
+    more = room == 0 ? read_past_size(file)
+                     : read_more(file, file.data + file.used, std::min(read_piece, room));
   }
-  data[used] = 0;
-  swin.filedata = data;
-  swin.l = static_cast<int>(std::min<std::int64_t>(newlines, INT_MAX));
+  file.data[file.used] = 0;
+  swin.filedata = file.data;
+  swin.l = static_cast<int>(std::min<std::int64_t>(file.newlines, INT_MAX));
 }
 
 static void load_file(gadget_list& swin, std::string_view name) {

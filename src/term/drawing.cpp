@@ -48,21 +48,23 @@ static char printable(char c) {
   return (byte < ' ' && c != '\t') || byte == 0x7f ? '?' : c;
 }
 
-static void write_text(const char* s, int n) {
-  while (n > 0) {
-    const int taken = std::min(n, piece);
-    std::transform(s, s + taken, pbuf, printable);
+// Writes the first n characters of s, or n times `mask` unless that is 0, and blanks up to `width`.
+static void write_field(const char* s, int n, int width, char mask) {
+  for (int done = 0; done < width; done += piece) {
+    const int taken = std::min(width - done, piece);
+    const int texts = std::clamp(n - done, 0, taken);
+    if (mask) {
+      std::fill_n(pbuf, texts, mask);
+    } else {
+      std::transform(s + done, s + done + texts, pbuf, printable);
+    }
+    std::fill_n(pbuf + texts, taken - texts, ' ');
     pbuf[taken] = 0;
     display(pbuf);
-    s += taken;
-    n -= taken;
   }
 }
 
-static void write_repeated(char c, int n) {
-  std::memset(pbuf, c, piece);
-  for (; n > 0; n -= piece) write_terminal(pbuf, static_cast<std::size_t>(std::min(n, piece)));
-}
+static void write_text(const char* s, int n) { write_field(s, n, n, 0); }
 
 // On a terminal whose attributes take cells there is no cell for the underline of one character.
 static void write_marked(char c, int att) {
@@ -74,7 +76,7 @@ static void write_marked(char c, int att) {
   if (underlines && (att & ATT_STANDOUT)) M_putp(T_STANDON);
 }
 
-static void write_label(const char* s, int n, int att) {
+static void write_label(const char* s, int n, int pad, int att) {
   auto marked = [](char c) { return (c & 0x80) != 0; };
   const char* end = s + n;
   while (s < end) {
@@ -83,6 +85,7 @@ static void write_label(const char* s, int n, int att) {
     if (mark < end) write_marked(*mark++, att);
     s = mark;
   }
+  write_field(s, 0, pad - n, 0);
 }
 
 int stand(int x, int y, const char* s, int att, int pad) {
@@ -97,14 +100,11 @@ int stand(int x, int y, const char* s, int att, int pad) {
   } else if (cookies) {
     write_character(bracketed ? '[' : ' ');
   }
-  if (att & ATT_MASKED) {
-    write_repeated('*', n);
-  } else if (att & ATT_HOTKEY) {
-    write_label(s, n, att);
+  if ((att & ATT_HOTKEY) && !(att & ATT_MASKED)) {
+    write_label(s, n, pad, att);
   } else {
-    write_text(s, n);
+    write_field(s, n, pad, att & ATT_MASKED ? '*' : 0);
   }
-  write_repeated(' ', pad - n);
   if (att & ATT_STANDOUT) return M_putp(cookies ? T_DIM : T_STANDOFF);
   if (cookies) write_character(bracketed ? ']' : ' ');
   return 0;
