@@ -1,8 +1,8 @@
 // The examples, as a person runs them: from another directory, to their end.
 
-#include <gtest/gtest.h>
-
 #include "tests/terminal.h"
+
+#include <gtest/gtest.h>
 
 namespace scrim {
 namespace {
@@ -15,8 +15,10 @@ TEST(Examples, CustomerIsPrintedAsEntered) {
   t.env("CUSTOMER_TOWN", "Bonn");
   t.command({example("customer/customer.sh")});
   t.type("Smith & \"Co\" $(exit 9)" + std::string(kDown) + "Main St\t53111\t\t\t42.5s\tpw");
-  t.expect_row(3, "│      Name       [Smith & \"Co\" $(exit 9)        ]                            │");
-  t.expect_row(11, "│      Password   [**                  ]                                      │");
+  t.expect_row(3,
+               "│      Name       [Smith & \"Co\" $(exit 9)        ]                            │");
+  t.expect_row(11,
+               "│      Password   [**                  ]                                      │");
   t.type("\t\r");
   t.expect_exit(0,
                 "Name:   Smith & \"Co\" $(exit 9)\nStreet: Main St\nTown:   53111 Bonn\n"
@@ -48,7 +50,8 @@ TEST(Examples, OrderIsCheckedOverAllPages) {
   t.type("\r");
   t.expect_shown("Dates are month/day/year: 12/31/2026.");
   t.type("\r");
-  t.expect_row(3, "│      Customer    [Miller                        ]                           │");
+  t.expect_row(3,
+               "│      Customer    [Miller                        ]                           │");
   t.type(std::string(kPageDown) + kF3 + "h\r\t" + kBackspace + "12");
   t.type(kDown);
   t.type(" ");

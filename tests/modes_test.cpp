@@ -1,8 +1,8 @@
 // The one-shot modes and the command line: what is drawn, what is written, and the statuses.
 
-#include <gtest/gtest.h>
-
 #include "tests/terminal.h"
+
+#include <gtest/gtest.h>
 
 namespace scrim {
 namespace {
@@ -30,10 +30,23 @@ using words = std::vector<std::string>;
 
 TEST(Modes, UsageForMixedModesAndMissingWords) {
   const words lines[] = {
-      {},           {"-T", "-r"},      {"-l", "-e", "x"}, {"-q"},      {"-l", "5", "3"},
-      {"-l", "a"},  {"-b", "1", "2", "3"}, {"-p", "10"},        {"-p", "x", "y"}, {"-e"},
-      {"-t"},       {"-t", "1,2,3"},   {"-t", "10,0,1,4"},      {"-m", "1,1"},
-      {"-m", "1", "text"}, {"-l", "-b", "1", "1"}, {"-m"},
+      {},
+      {"-T", "-r"},
+      {"-l", "-e", "x"},
+      {"-q"},
+      {"-l", "5", "3"},
+      {"-l", "a"},
+      {"-b", "1", "2", "3"},
+      {"-p", "10"},
+      {"-p", "x", "y"},
+      {"-e"},
+      {"-t"},
+      {"-t", "1,2,3"},
+      {"-t", "10,0,1,4"},
+      {"-m", "1,1"},
+      {"-m", "1", "text"},
+      {"-l", "-b", "1", "1"},
+      {"-m"},
   };
   for (const words& line : lines) {
     Terminal t;
@@ -103,8 +116,8 @@ TEST(Modes, ProgressBarIsFilledInProportion) {
     const char* word;
     int cells;
   } const cases[] = {
-      {"10,40,1,4", 10},  {"10,40,4,4", 40},   {"10,40,0,4", 0},
-      {"10,40,1,0", 0},   {"10,40,-1,4", 0},   {"10,40,2000000000,2100000000", 38},
+      {"10,40,1,4", 10}, {"10,40,4,4", 40}, {"10,40,0,4", 0},
+      {"10,40,1,0", 0},  {"10,40,-1,4", 0}, {"10,40,2000000000,2100000000", 38},
   };
   for (const auto& c : cases) {
     Terminal t;
@@ -118,7 +131,8 @@ TEST(Modes, ProgressBarIsFilledInProportion) {
 TEST(Modes, ErrorPopUpWaitsForOneKey) {
   Terminal t;
   t.run({"-e", "twenty characters it"});
-  t.expect_screen(10, "\n"
+  t.expect_screen(10,
+                  "\n"
                   "          ┌──────────────────────────────────────────────────────────┐\n"
                   "          │                                                          │\n"
                   "          │                   twenty characters it                   │\n"
@@ -200,7 +214,8 @@ TEST(Modes, UnknownTerminalsAndNoTerminal) {
   } const cases[] = {
       {"no-such-terminal", {"-p", "1", "1"}, "scrim: I don't understand your terminal type\n"},
       {"", {"-p", "1", "1"}, "scrim: I don't understand your terminal type\n"},
-      {"no-such-terminal", {"-T", "-p", "1", "1"},
+      {"no-such-terminal",
+       {"-T", "-p", "1", "1"},
        "scrim: I don't understand your terminal type no-such-terminal\n"},
       {"", {"-T", "-p", "1", "1"}, "scrim: I don't understand your terminal type \n"},
   };

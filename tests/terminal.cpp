@@ -3,6 +3,8 @@
 
 #include "tests/terminal.h"
 
+#include "tools/picture.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -13,8 +15,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
-
-#include "tools/picture.h"
 
 namespace scrim {
 

@@ -5,12 +5,12 @@
 #ifndef SCRIM_TESTS_TERMINAL_H_
 #define SCRIM_TESTS_TERMINAL_H_
 
+#include "tools/emulator.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "tools/emulator.h"
 
 namespace scrim {
 

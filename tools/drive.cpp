@@ -1,6 +1,10 @@
 // scrim-drive: runs a command in a terminal of its own, types a key script into it, and prints the
 // screen it shows. The command's standard output and exit status pass through.
 
+#include "tools/emulator.h"
+#include "tools/key_script.h"
+#include "tools/picture.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
@@ -12,10 +16,6 @@
 #include <vector>
 
 #include <unistd.h>
-
-#include "tools/emulator.h"
-#include "tools/key_script.h"
-#include "tools/picture.h"
 
 namespace scrim {
 

@@ -7,9 +7,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <unistd.h>
+
 #include <curses.h>
 #include <term.h>
-#include <unistd.h>
 
 namespace scrim {
 

@@ -4,9 +4,9 @@
 #ifndef SCRIM_TOOLS_PICTURE_H_
 #define SCRIM_TOOLS_PICTURE_H_
 
-#include <string>
-
 #include "tools/emulator.h"
+
+#include <string>
 
 namespace scrim {
 

@@ -3,14 +3,14 @@
 
 #include "driver/diagnostics.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "common/text.h"
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/keys.h"
 #include "term/tty.h"
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace scrim {
 

@@ -1,10 +1,6 @@
 // driver/main: one pass over the command line, one mode, one ending.
 // An option acts when it is met; the words of a mode are looked at before the terminal is touched.
 
-#include <climits>
-#include <cstdio>
-#include <cstdlib>
-
 #include "common/text.h"
 #include "driver/diagnostics.h"
 #include "output/results.h"
@@ -16,6 +12,12 @@
 #include "term/popup.h"
 #include "term/tty.h"
 #include "values/values.h"
+
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+
+#include <fcntl.h>
 
 namespace scrim {
 
@@ -62,12 +64,19 @@ static FILE* open_file(const char* name, const char* how) {
   exit(253);
 }
 
-// Each piece but an unfinished last line ends in a character that is not the value's.
+static bool at_end(FILE* file) {
+  const int c = getc(file);
+  ungetc(c, file);
+  return c == EOF;
+}
+
+// A line longer than the buffer comes in pieces. Each piece loses its last character, which is a
+// line's newline; only an unfinished last line keeps all.
 static void read_defaults(const char* name) {
   FILE* dfd = open_file(name, "re");
   while (fgets(tbuf, sizeof tbuf, dfd)) {
     const std::size_t n = std::strlen(tbuf);
-    if (n > 0 && (tbuf[n - 1] == '\n' || !feof(dfd))) tbuf[n - 1] = 0;
+    if (n > 0 && (tbuf[n - 1] == '\n' || !at_end(dfd))) tbuf[n - 1] = 0;
     set_alt_an_env(tbuf);
   }
   fclose(dfd);
@@ -240,6 +249,12 @@ static void run_mode() {
   mode.run();
 }
 
+// A file opened in the place of a closed descriptor would receive what is meant for the terminal.
+static void occupy_standard_descriptors() {
+  for (int fd = 0; fd <= 2; fd++)
+    if (fcntl(fd, F_GETFD) == -1) open("/dev/null", O_RDWR);
+}
+
 [[noreturn]] static void finish() {
   sposition(0, T_LINES - 1);
   restore_ttymode();
@@ -252,9 +267,11 @@ static void run_mode() {
 
 }  // namespace scrim
 
-// Standard error holds a whole capability string, so that each is one write; standard output is
-// held back until the terminal is the user's again.
+// Standard error holds a whole capability string, so that each is one write. Standard output keeps
+// the results until the terminal is the user's again; no more than a buffer of them goes out
+// before.
 int main(int argc, char** argv) {
+  scrim::occupy_standard_descriptors();
   static char error_buffer[4096];
   setvbuf(stderr, error_buffer, _IOFBF, sizeof error_buffer);
   setvbuf(stdout, nullptr, _IOFBF, BUFSIZ);

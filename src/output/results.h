@@ -2,9 +2,9 @@
 // the file that the command line named.
 #pragma once
 
-#include <cstdio>
-
 #include "screens/model.h"
+
+#include <cstdio>
 
 namespace scrim {
 

@@ -3,8 +3,6 @@
 
 #include "runtime/form_loop.h"
 
-#include <cstdio>
-
 #include "common/text.h"
 #include "output/results.h"
 #include "runtime/field_editor.h"
@@ -15,6 +13,8 @@
 #include "screens/model.h"
 #include "term/drawing.h"
 #include "term/keys.h"
+
+#include <cstdio>
 
 namespace scrim {
 

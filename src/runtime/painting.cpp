@@ -1,13 +1,14 @@
 // runtime/painting: turns the records of a screen into cells of the terminal.
-// Stored texts stay as they are: what the terminal cannot show is changed on the way to it.
+// Stored texts stay as they are, but for the blank that marks the start of a line: what the
+// terminal cannot show is changed on the way to it.
 
 #include "runtime/painting.h"
-
-#include <cstdint>
 
 #include "common/text.h"
 #include "term/drawing.h"
 #include "term/popup.h"
+
+#include <cstdint>
 
 namespace scrim {
 
@@ -34,25 +35,6 @@ int screen_paint() {
   do_box_c(x, y, w, h, !clear);
   const int n = static_cast<int>(std::strlen(curscrn->screentitle));
   if (n > 0) stand(x + (w + 1 - n) / 2, y, curscrn->screentitle, ATT_STANDOUT, n);
-  return 0;
-}
-
-static void draw_at_first() {
-  for (const first_drawing* drawing = curscrn->drawings; drawing; drawing = drawing->next) {
-    if (drawing->rows) {
-      display_swin(drawing->rows, -1);
-    } else {
-      do_box_c(drawing->x, drawing->y, drawing->w, drawing->h, 0);
-    }
-  }
-  curscrn->drawings = nullptr;
-}
-
-int PaintScreen() {
-  screen_paint();
-  draw_at_first();
-  for (gadget_list* gadget = curscrn->gadget_lp; gadget; gadget = gadget->next)
-    display_field(gadget);
   return 0;
 }
 
@@ -139,23 +121,62 @@ static const char* data_line(const gadget_list& swin, int n) {
   return place.start;
 }
 
-int display_swin(gadget_list* swin, int line) {
+// The start of the line that a row of the window shows.
+static const char* row_line(const gadget_list& swin, int row) {
+  const char* at = data_line(swin, swin.swoff);
+  for (; row > 1 && *at; row--) at = line_behind(at);
+  return at;
+}
+
+static void paint_row(const gadget_list& swin, int row, const char* at) {
   static char text[coordinate_limit];
-  follow_cursor(*swin);
-  const int first = line == -1 ? 1 : line;
-  const int last = line == -1 ? swin->h - 2 : line;
-  const int width = std::max(swin->w - 4, 0);
-  const char* at = data_line(*swin, swin->swoff);
-  for (int row = 1; row < first && *at; row++) at = line_behind(at);
+  int n = 0;
+  for (; n < swin.w - 4 && at[n] && at[n] != '\n'; n++) text[n] = at[n];
+  text[n] = 0;
+  const bool highlighted = std::int64_t{swin.swhigh} - swin.swoff == row;
+  stand(swin.x + 2, swin.y + row, text, highlighted ? ATT_STANDOUT : 0, swin.w - 4);
+}
+
+// Paints the rows from `first` to `last`; the window has no others than 1 to h - 2.
+static void paint_rows(const gadget_list& swin, int first, int last) {
+  first = std::max(first, 1);
+  last = std::min(last, swin.h - 2);
+  if (first > last) return;
+  const char* at = row_line(swin, first);
   for (int row = first; row <= last; row++) {
-    const char* end = line_behind(at);
-    const char* newline = std::find(at, at + std::min<std::ptrdiff_t>(end - at, width), '\n');
-    *std::copy(at, newline, text) = 0;
-    const bool highlighted = std::int64_t{swin->swhigh} - swin->swoff == row;
-    stand(swin->x + 2, swin->y + row, text, highlighted ? ATT_STANDOUT : 0, width);
-    at = end;
+    paint_row(swin, row, at);
+    if (row < last) at = line_behind(at);
   }
-  sposition(swin->x + swin->swinx, swin->y + swin->swiny);
+}
+
+static void paint_window(const gadget_list& swin, int line) {
+  paint_rows(swin, line == -1 ? 1 : line, line == -1 ? swin.h - 2 : line);
+  sposition(swin.x + swin.swinx, swin.y + swin.swiny);
+}
+
+int display_swin(gadget_list* swin, int line) {
+  follow_cursor(*swin);
+  paint_window(*swin, line);
+  return 0;
+}
+
+// What directives computed when they asked for a drawing stays as it was.
+static void draw_at_first() {
+  for (const first_drawing* drawing = curscrn->drawings; drawing; drawing = drawing->next) {
+    if (drawing->rows) {
+      paint_window(*drawing->rows, -1);
+    } else {
+      do_box_c(drawing->x, drawing->y, drawing->w, drawing->h, 0);
+    }
+  }
+  curscrn->drawings = nullptr;
+}
+
+int PaintScreen() {
+  screen_paint();
+  draw_at_first();
+  for (gadget_list* gadget = curscrn->gadget_lp; gadget; gadget = gadget->next)
+    display_field(gadget);
   return 0;
 }
 

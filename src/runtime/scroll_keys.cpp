@@ -2,10 +2,10 @@
 
 #include "runtime/scroll_keys.h"
 
-#include <algorithm>
-
 #include "runtime/painting.h"
 #include "term/drawing.h"
+
+#include <algorithm>
 
 namespace scrim {
 

@@ -9,7 +9,8 @@ namespace scrim {
 void line_up(gadget_list& swin);
 void line_down(gadget_list& swin);
 
-// Scrolls by a page; the cursor goes to the first row. At the ends of the data nothing happens.
+// Scrolls by a page, but not past the first line or the last page; the cursor goes to the first row
+// when the rows have changed.
 void page_up(gadget_list& swin);
 void page_down(gadget_list& swin);
 

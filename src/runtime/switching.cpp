@@ -2,12 +2,12 @@
 
 #include "runtime/switching.h"
 
-#include <cstdio>
-#include <cstring>
-
 #include "runtime/painting.h"
 #include "screens/model.h"
 #include "term/popup.h"
+
+#include <cstdio>
+#include <cstring>
 
 namespace scrim {
 

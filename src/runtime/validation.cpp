@@ -3,13 +3,13 @@
 
 #include "runtime/validation.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-
+#include "common/text.h"
 #include "runtime/painting.h"
 #include "runtime/switching.h"
 #include "term/popup.h"
+
+#include <cstdio>
+#include <cstring>
 
 namespace scrim {
 
@@ -22,6 +22,12 @@ static const char day_error[] = "Day out of range in date field!";
 // first of a month, a day and the time, and the end of the year, have more to them.
 static const char date_shape[] = "ww/ww/www9 99 99 99";
 enum { month_at = 0, day_at = 3, year_at = 6, century_check_at = 8, time_at = 10 };
+
+static int number_at(const char* text) {
+  int number = 0;
+  read_number(text, number);
+  return number;
+}
 
 static bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
@@ -40,7 +46,7 @@ static const char* check_two_digits(char (&s)[80], int i, int limit, const char*
   if (!is_digit(s[i]) && s[i] != '*') return syntax_error;
   if (s[i + 1] == '/' && !insert_text(s, i, s[i] == '*' ? "*" : "0")) return syntax_error;
   if (s[i] == '*') return nullptr;
-  const int number = atoi(s + i);
+  const int number = number_at(s + i);
   return number < 1 || number > limit ? range_error : nullptr;
 }
 
@@ -69,8 +75,8 @@ static const char* check_day_of_month(char (&s)[80]) {
   if (s[time_at] == 0 && !insert_text(s, time_at, " 00 00 00")) return syntax_error;
   if (s[time_at] != ' ') return syntax_error;
   if (s[month_at] == '*' || s[day_at] == '*') return nullptr;
-  const int days = days_of(atoi(s + month_at), atoi(s + year_at));
-  return atoi(s + day_at) > days ? day_error : nullptr;
+  const int days = days_of(number_at(s + month_at), number_at(s + year_at));
+  return number_at(s + day_at) > days ? day_error : nullptr;
 }
 
 static const char* check_shape(const char (&s)[80], int i) {

@@ -1,13 +1,13 @@
 // screens/attached_texts: the two blocks of text that checking a checkbox paints.
 // A block is read once into a growing buffer, since standard input cannot be read twice.
 
-#include <cstddef>
-#include <cstdlib>
-
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"
 #include "term/popup.h"
+
+#include <cstddef>
+#include <cstdlib>
 
 namespace scrim {
 
@@ -32,6 +32,8 @@ save_text* f_text_core(const save_text* txt) {
   while (next_block_line()) {
     const std::size_t n = std::strlen(tbuf);
     if (length + n + 2 > room) record = resize(record, room *= 2);
+    // A newline in a value is no line of the block: let it show as any other control character.
+    std::replace(tbuf, tbuf + n, '\n', '\r');
     std::memcpy(record->text + length, tbuf, n);
     length += n;
     record->text[length++] = '\n';

@@ -33,9 +33,9 @@ gadget_list* f_checkbox_core() {
 static int exclusive_checkbox(int flags) {
   gadget_list* box = f_checkbox_core();
   box->flags = flags;
-  gadget_list** link = &s_screen[curscreen].cb_link;
-  while (*link) link = &(*link)->link;
-  *link = box;
+  per_screen& screen = s_screen[curscreen];
+  (screen.cb_link ? screen.cb_last->link : screen.cb_link) = box;
+  screen.cb_last = box;
   return 0;
 }
 

@@ -4,7 +4,6 @@
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"
-#include "values/values.h"
 
 namespace scrim {
 

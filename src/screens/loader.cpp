@@ -2,19 +2,16 @@
 
 #include "screens/loader.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <iterator>
-
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/neighbours.h"
 #include "screens/reader.h"
-#include "term/capabilities.h"
-#include "term/drawing.h"
-#include "term/leaving.h"
 #include "term/popup.h"
 #include "values/values.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
 
 namespace scrim {
 

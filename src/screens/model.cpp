@@ -2,12 +2,12 @@
 
 #include "screens/model.h"
 
+#include "common/text.h"
+#include "term/popup.h"
+
 #include <climits>
 #include <cstdint>
 #include <cstdio>
-
-#include "common/text.h"
-#include "term/popup.h"
 
 namespace scrim {
 
@@ -54,7 +54,7 @@ int screen_core(int x, int y, int w, int h) {
 static first_drawing* add_drawing() {
   per_screen& screen = s_screen[curscreen];
   auto* drawing = static_cast<first_drawing*>(allocate(sizeof(first_drawing), no_memory, 3));
-  (screen.drawings ? screen.drawings_end->next : screen.drawings) = drawing;
+  (screen.drawings_end ? screen.drawings_end->next : screen.drawings) = drawing;
   screen.drawings_end = drawing;
   return drawing;
 }
@@ -67,7 +67,10 @@ void draw_frame_at_first(int x, int y, int w, int h) {
   drawing->h = h;
 }
 
-void draw_rows_at_first(gadget_list& swin) { add_drawing()->rows = &swin; }
+void draw_rows_at_first(gadget_list& swin) {
+  const first_drawing* last = s_screen[curscreen].drawings_end;
+  if (!last || last->rows != &swin) add_drawing()->rows = &swin;
+}
 
 void write_position(gadget_list& swin) {
   snprintf(swin.text, sizeof swin.text, "%d,%d", swin.swhigh, swin.swoff);

@@ -98,6 +98,7 @@ struct per_screen {
   gadget_list* gadget_lp;   // the list's first gadget
   gadget_list* cb_link;     // first exclusive checkbox
   gadget_list* last_swin;   // scroll window declared last
+  gadget_list* cb_last;     // last exclusive checkbox
   const char* path;         // the file's name uncut, for opening it
   first_drawing* drawings;  // what the first painting draws besides window and gadgets
   first_drawing* drawings_end;

@@ -7,11 +7,11 @@
 
 #include "screens/neighbours.h"
 
+#include "term/popup.h"
+
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-
-#include "term/popup.h"
 
 namespace scrim {
 

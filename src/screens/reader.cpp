@@ -2,11 +2,11 @@
 
 #include "screens/reader.h"
 
-#include <sys/stat.h>
-
 #include "common/text.h"
 #include "term/popup.h"
 #include "values/values.h"
+
+#include <sys/stat.h>
 
 namespace scrim {
 
@@ -26,18 +26,27 @@ FILE* open_for_reading(const char* path) {
   return file;
 }
 
+// The next character of the file; a carriage return and a newline are one newline.
+static int next_character() {
+  const int c = getc_unlocked(sfp);
+  if (c != '\r') return c;
+  const int after = getc_unlocked(sfp);
+  if (after == '\n') return after;
+  ungetc(after, sfp);
+  return c;
+}
+
 bool next_line() {
   int n = 0;
-  int c = getc_unlocked(sfp);
+  int c = next_character();
   if (c == EOF) return false;
-  for (; c != EOF && c != '\n'; c = getc_unlocked(sfp)) {
+  for (; c != EOF && c != '\n'; c = next_character()) {
     cbuf[n] = static_cast<char>(c);
     cbuf[++n] = 0;
     if (n <= line_limit) continue;
     snprintf(tbuf, sizeof tbuf, "Line too long: %.*s", shown_of_line, cbuf);
     end_with(tbuf, 3);
   }
-  if (n > 0 && cbuf[n - 1] == '\r') n--;
   cbuf[n] = 0;
   return true;
 }

@@ -13,9 +13,9 @@ extern FILE* sfp;  // the open screen file
 // a directory.
 FILE* open_for_reading(const char* path);
 
-// Reads the next line of `sfp` into cbuf, without its newline (or carriage return and newline).
-// Returns false at the end of the file. A line of more than 509 characters ends the program with
-// a message and status 3.
+// Reads the next line of `sfp` into cbuf, without its newline; a carriage return before that
+// belongs to it. Returns false at the end of the file. A line of more than 509 characters ends the
+// program with a message and status 3.
 bool next_line();
 
 // Reads the next line of a text block and substitutes it into tbuf. Returns false at the line that

@@ -2,6 +2,11 @@
 // A scroll window's file is read to its end once, in pieces that are counted while they are still
 // in the processor's cache; it may be a pipe, whose size nobody knows beforehand.
 
+#include "common/text.h"
+#include "screens/directives.h"
+#include "screens/reader.h"
+#include "term/popup.h"
+
 #include <cerrno>
 #include <climits>
 #include <cstdint>
@@ -12,11 +17,6 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include "common/text.h"
-#include "screens/directives.h"
-#include "screens/reader.h"
-#include "term/popup.h"
 
 namespace scrim {
 
@@ -69,7 +69,8 @@ struct reading {
   bool ended;             // a NUL has come: data end there
 };
 
-// Reads up to n bytes more. Returns false at the end of the file.
+// Reads up to n bytes more. Returns false at the end of the data, which is that of the file or a
+// NUL.
 static bool read_more(reading& file, char* to, std::size_t n) {
   ssize_t got = 0;
   do {
@@ -77,20 +78,23 @@ static bool read_more(reading& file, char* to, std::size_t n) {
   } while (got < 0 && errno == EINTR);
   if (got < 0) cannot_open(file.path);
   const auto bytes = static_cast<std::size_t>(got);
-  if (!file.ended && bytes > 0) {
+  if (bytes > 0) {
     const void* nul = std::memchr(to, 0, bytes);
     file.ended = nul != nullptr;
     file.newlines += count_newlines(
         to, nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - to) : bytes);
   }
   file.used += bytes;
-  return bytes > 0;
+  return bytes > 0 && !file.ended;
 }
 
 // The size may have been none, as a pipe's, or have grown: makes room when there is more to read.
 static bool read_past_size(reading& file) {
   char more = 0;
-  if (!read_more(file, &more, 1)) return false;
+  if (!read_more(file, &more, 1)) {
+    file.used = file.size - 1;
+    return false;
+  }
   const std::size_t size = std::max(2 * file.size, read_piece);
   char* moved = data_memory(size);
   std::memcpy(moved, file.data, file.used - 1);

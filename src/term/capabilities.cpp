@@ -2,12 +2,12 @@
 
 #include "term/capabilities.h"
 
+#include "common/text.h"
+#include "term/tty.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-
-#include "common/text.h"
-#include "term/tty.h"
 
 #include <unistd.h>
 

@@ -40,10 +40,7 @@ extern char* T_ALTINI;  // alternate character set enabled
 
 // Slots of the special keys; the key decoder tries them in this order.
 enum {
-  slot_up = 0,
   slot_backspace = 5,
-  slot_next = 6,
-  slot_prev = 7,
   slot_control_k = 8,
   slot_control_l = 9,
   slot_control_j = 10,

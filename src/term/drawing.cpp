@@ -2,13 +2,13 @@
 
 #include "term/drawing.h"
 
-#include <cstdint>
-#include <cstdio>
-#include <cstring>
-
 #include "common/text.h"
 #include "term/capabilities.h"
 #include "term/tty.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
 
 #define NCURSES_NOMACROS
 #include <curses.h>
@@ -43,7 +43,7 @@ int display(char* s) {
 
 static void write_character(char c) { write_terminal(&c, 1); }
 
-static char printable(char c) {
+char printable(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return (byte < ' ' && c != '\t') || byte == 0x7f ? '?' : c;
 }

@@ -23,16 +23,21 @@ int sclear();
 // Returns the result of the write.
 int display(char* s);
 
+// The character as it may go to the terminal: "?" for a control character, but a TAB stays.
+char printable(char c);
+
 // Shows s at column x, row y as a field `pad` cells wide, with the attributes of `att`. A control
 // character shows as one "?", so that no text can drive the terminal. Returns 0 for a highlighted
 // field that was sent, else no meaning.
 int stand(int x, int y, const char* s, int att, int pad);
 
 // Draws a frame w columns wide and h rows high with its upper-left corner at column x, row y,
-// blanking its inside when cs is not 0. Below 2 columns or 1 row it draws nothing. Returns 0.
+// blanking its inside when cs is not 0. Below 2 columns or 1 row it draws nothing.
+// Returns the flush status.
 int do_box_c(int x, int y, int w, int h, int cs);
 
-// The frame whose column, row, width and height are the first four words of `largv`. Returns 0.
+// The frame whose column, row, width and height are the first four words of `largv`. Returns
+// the flush status.
 int do_box();
 
 // Draws a progress bar `wid` columns wide on row y, centred on 80 columns and filled in proportion

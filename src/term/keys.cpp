@@ -3,16 +3,16 @@
 
 #include "term/keys.h"
 
+#include "common/text.h"
+#include "term/capabilities.h"
+#include "term/leaving.h"
+#include "term/tty.h"
+
 #include <cerrno>
 #include <cstring>
 
 #include <poll.h>
 #include <unistd.h>
-
-#include "common/text.h"
-#include "term/capabilities.h"
-#include "term/leaving.h"
-#include "term/tty.h"
 
 namespace scrim {
 

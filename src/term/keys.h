@@ -18,7 +18,8 @@ enum {
   XKEY_NEXT,
   XKEY_PREV,
   XKEY_MOUSE,  // a mouse button was released: mouse_up
-  XKEY_NULL,   // nothing to act on: a mouse button was pressed (mouse_down), or function key 0
+  XKEY_NULL,   // nothing to act on: a mouse button was pressed (mouse_down), or the first function
+               // key slot
   XKEY_F1,
   XKEY_F2,
   XKEY_F3,

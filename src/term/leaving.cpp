@@ -2,11 +2,11 @@
 
 #include "term/leaving.h"
 
-#include <cstdlib>
-
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/tty.h"
+
+#include <cstdlib>
 
 namespace scrim {
 

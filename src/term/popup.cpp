@@ -2,26 +2,31 @@
 
 #include "term/popup.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/keys.h"
 #include "term/leaving.h"
 #include "term/tty.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
 namespace scrim {
+
+static const int popup_column = 10, popup_row = 10;
+static const int popup_width = 60, popup_height = 5;
+static const int popup_text = popup_width - 4;  // columns for a message, a margin left and right
 
 int error_pop(const char* s) {
   if (!ttym && open_terminal() != 0) {
-    fprintf(stderr, "%s\n", s);
+    for (; *s; s++) putc(printable(*s), stderr);
+    putc('\n', stderr);
     return 0;
   }
   const int n = static_cast<int>(std::strlen(s));
-  do_box_c(10, 10, 60, 5, 1);
-  stand((56 - n) / 2 + 12, 12, s, 0, n);
+  do_box_c(popup_column, popup_row, popup_width, popup_height, 1);
+  stand((popup_text - n) / 2 + popup_column + 2, popup_row + 2, s, 0, n);
   std::int16_t any = 0;
   read_key(any);
   return 0;

@@ -33,13 +33,15 @@ enum { vtime_index = 5, vmin_index = 6 };
 
 static bool keypad_transmits = false;
 static bool output_waits = true;  // writes to the terminal block by themselves
+static bool output_lost = false;  // the terminal is gone: drawing costs no more requests
 
-// A reader that has gone must not end the program while the terminal is raw: the signal waits
-// until the user's settings are back.
-static void hold_broken_pipe(int how) {
+// A reader that has gone, or a full file, must not end the program while the terminal is raw: the
+// signals wait until the user's settings are back.
+static void hold_write_signals(int how) {
   sigset_t set;
   sigemptyset(&set);
   sigaddset(&set, SIGPIPE);
+  sigaddset(&set, SIGXFSZ);
   sigprocmask(how, &set, nullptr);
 }
 
@@ -73,7 +75,7 @@ int setup_ttymode() {
   terminal_new.c_cflag &= static_cast<unsigned short>(~PARENB);
   terminal_new.c_cflag |= CS8;
   terminal_new.c_lflag = 0;
-  hold_broken_pipe(SIG_BLOCK);
+  hold_write_signals(SIG_BLOCK);
   ioctl(tfd, TCSETAW, &terminal_new);
   return 0;
 }
@@ -84,7 +86,7 @@ int restore_ttymode() {
   if (ttym) reset_shell_mode();
   ttym = 0;
   const int result = ioctl(tfd, TCSETAW, &terminal_old);
-  hold_broken_pipe(SIG_UNBLOCK);
+  hold_write_signals(SIG_UNBLOCK);
   return result;
 }
 
@@ -94,11 +96,11 @@ void keypad_on() {
   M_putp(T_KEYXMIT);
 }
 
-// A descriptor shared with a program that made it non-blocking refuses bytes when the line is
-// busy; a second is more than any line needs, and a dead one must not hold the program.
+// A descriptor shared with a program that made it non-blocking refuses bytes while the line is busy
+// or stopped; a line that is gone is always ready, to fail.
 static bool await_output() {
   pollfd output = {STDERR_FILENO, POLLOUT, 0};
-  return poll(&output, 1, 1000) == 1;
+  return poll(&output, 1, -1) == 1;
 }
 
 int m_out(char c) { return putc(c, stderr); }
@@ -107,17 +109,22 @@ static int put_character(int c) { return m_out(static_cast<char>(c)); }
 
 int M_putp(const char* s) {
   if (!s) return 0;
+  if (output_lost) return EOF;
   tputs(s, 1, put_character);
   if (!output_waits) await_output();
-  return fflush(stderr);
+  const int status = fflush(stderr);
+  output_lost = status != 0 && errno == EIO;
+  return status;
 }
 
 int write_terminal(const char* bytes, std::size_t n) {
+  if (output_lost) return -1;
   for (std::size_t done = 0; done < n;) {
     const ssize_t written = write(STDERR_FILENO, bytes + done, n - done);
     if (written > 0) {
       done += static_cast<std::size_t>(written);
     } else if (written == 0 || (errno != EINTR && !(errno == EAGAIN && await_output()))) {
+      output_lost = written < 0 && errno == EIO;
       return -1;
     }
   }

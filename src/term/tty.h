@@ -3,9 +3,9 @@
 // are those of /dev/tty; standard output stays free for the results.
 #pragma once
 
-#include <sys/ioctl.h>
-
 #include <cstddef>
+
+#include <sys/ioctl.h>
 
 namespace scrim {
 

@@ -3,11 +3,11 @@
 
 #include "values/values.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "common/text.h"
 #include "term/popup.h"
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace scrim {
 

@@ -1,0 +1,202 @@
+// What nobody can repair on the spot: lost terminals, rubbish as input, readers that have gone.
+// The harness checks after each that the line settings are as before.
+
+#include "tests/terminal.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+namespace {
+
+const char form[] = "fulls:clear\netext:10,3,20:${V}:A:CHAR\nbutton:_OK:ok\n";
+
+// Half of them ignore the hang-up, as under nohup: the read that fails has to end those.
+TEST(Faults, ALostTerminalEndsTheProgramAtOnce) {
+  for (const char* mode : {"-f a.scrim", "-l 5 3 a b", "-e message", "-d"}) {
+    for (const char* trap : {"", "trap '' HUP; "}) {
+      Terminal t;
+      t.file("a.scrim", form);
+      t.command({"/bin/sh", "-c", std::string(trap) + "exec scrim " + mode});
+      ASSERT_FALSE(t.emulator.ended());
+      const int64_t start = milliseconds();
+      t.emulator.hang_up();
+      while (!t.emulator.ended() && milliseconds() < start + 2000) t.emulator.pump(5);
+      EXPECT_TRUE(t.emulator.ended()) << mode;
+      EXPECT_LT(milliseconds() - start, 200) << trap << mode;
+    }
+  }
+}
+
+TEST(Faults, KeysFromAFileAndTheirEnd) {
+  struct {
+    std::vector<std::string> line;
+    const char* keys;
+    int status;
+    const char* output;
+  } const cases[] = {
+      {{"-f", "a.scrim"}, "Ann\n", 0, "A=\"Ann\";export A;RETN=default\n"},
+      {{"-f", "a.scrim"}, "Ann\033OB\r", 0, "A=\"Ann\";export A;RETN=ok\n"},
+      {{"-f", "a.scrim"}, "Ann", 4, ""},
+      {{"-f", "a.scrim"}, "", 4, ""},
+      {{"-l", "5", "3", "a", "b"}, "\033OB", 4, ""},
+      {{"-e", "message"}, "", 0, ""},
+      {{"-f", "bad.scrim"}, "", 2, ""},
+  };
+  for (const auto& c : cases) {
+    Terminal t;
+    t.file("a.scrim", form);
+    t.file("bad.scrim", "nonsense\n");
+    t.file("keys", c.keys);
+    t.input_from("keys");
+    t.run(c.line);
+    t.expect_exit(c.status, c.output);
+  }
+}
+
+TEST(Faults, NonBlockingTerminal) {
+  Terminal t({.nonblocking = true});
+  t.file("a.scrim", form);
+  t.run({"-f", "a.scrim"});
+  t.type("An" + std::string(kLeft) + "n\033");
+  t.expect_exit(0, "A=\"Ann\";export A;RETN=cancel\n");
+}
+
+TEST(Faults, OddWindows) {
+  for (const auto& [rows, columns] : {std::pair{5, 10}, std::pair{200, 500}}) {
+    Terminal t({.rows = rows, .columns = columns});
+    t.file("a.scrim", form);
+    t.run({"-f", "a.scrim"});
+    t.type("x\n");
+    t.expect_cursor(rows - 1, 0);
+    t.expect_exit(0, "A=\"x\";export A;RETN=default\n");
+  }
+  Terminal name({.term = std::string(300, 'x')});
+  name.run({"-T", "-p", "1", "1"});
+  name.expect_exit(6, "");
+}
+
+// Loads, leaves with Escape or its pop-up's key, and has shown this.
+void load(const std::string& content, int status, const std::string& shown) {
+  Terminal t;
+  t.file("a.scrim", content);
+  t.run({"-f", "a.scrim"});
+  if (!t.emulator.ended()) t.type("\033");
+  t.expect_exit(status, status == 0 && !content.empty() ? "RETN=cancel\n" : "");
+  EXPECT_NE(t.raw().find(shown), std::string::npos) << content.substr(0, 100);
+}
+
+TEST(Faults, RubbishAsScreenFile) {
+  std::mt19937 random(7);
+  std::string noise(5000, 0);
+  for (char& c : noise) c = static_cast<char>(random());
+  load("", 0, "");
+  load(std::string(10'000'000, 'x'), 3, "Line too long: xxxxxxxx");
+  load("fulls:clear\r\netext:1,1,5:v:A:CHAR:N\r\nbutton:OK:ok:Y\r\n", 0, "(OK)");
+  load(std::string("fulls\0\1\n\0\nbutton:A\0B:op\n", 25), 0, "(A)");
+  load(noise, 2, "Invalid Command: ");
+  std::string many = "fulls:clear\n";
+  for (int i = 0; i < 100'000; i++) many += "etext:1,1,1:::\n";
+  load(many, 0, "[");
+  std::string entries = "fulls:clear\npoplist:1,1::A";
+  while (entries.size() < 515) entries += ":e";
+  load(entries.substr(0, 520) + "\nbutton:Q:q\n", 0, "(Q)");
+}
+
+TEST(Faults, AThousandScreens) {
+  Terminal t;
+  std::string list;
+  for (int i = 0; i < 1000; i++) list += "a.scrim,";
+  t.file("a.scrim", form);
+  t.run({"-f", list});
+  t.type("\033");
+  t.expect_exit(0, "RETN=cancel\n");
+}
+
+// Every directive with its items missing, doubled, negative, huge and long: no crash, no status
+// other than those of screen files.
+TEST(Faults, DirectivesWithSpoiltItems) {
+  const std::string directives[] = {
+      "fulls:clear",
+      "button:_OK:ok:Y",
+      "pbutton:1,1:OK:ok",
+      "title:T",
+      "table:T",
+      "name:N",
+      "pop:20,10:clear",
+      "box:1,1,10,5",
+      "etext:1,1,5/9:v:A",
+      "bdefault:a:Y",
+      "checkbox:1,1:X:A:a",
+      "xcheckbox:1,1:_:A:b",
+      "atext:1,1",
+      "swin:1,1,20,5:data:P",
+      "swhigh:cursor",
+      "swhigh:3",
+      "swdefer",
+      "swpos:5,2",
+      "poplist:1,1::A:a:b",
+  };
+  for (const std::string& directive : directives) {
+    const std::string keyword = directive.substr(0, directive.find(':'));
+    const std::string spoilt[] = {
+        keyword + ":",
+        directive + ":" + directive,
+        keyword + ":-5,-5,-5,-5:-:-:-:-:-",
+        keyword + ":3,3,99999999999,3:data:A:b:c",
+        directive + std::string(2000, 'y'),
+    };
+    for (const std::string& line : spoilt) {
+      Terminal t({.rows = 10, .columns = 30});
+      t.file("data", "line\n");
+      t.file("a.scrim", "fulls:clear\nswin:1,1,9,5:data\n" + line + "\nbutton:Q:q\n");
+      t.run({"-f", "a.scrim"});
+      while (!t.emulator.ended()) t.type("\x18");
+      EXPECT_TRUE(t.emulator.status() == 0 || t.emulator.status() == 2 || t.emulator.status() == 3)
+          << line.substr(0, 80) << t.emulator.status();
+      EXPECT_TRUE(t.emulator.settings_kept()) << line.substr(0, 80);
+    }
+  }
+}
+
+TEST(Faults, ValuesCannotDriveTheTerminal) {
+  for (const std::string& value : {std::string("\033[13z\033]0;title\a\x9bx"),
+                                   std::string("two\nlines"), std::string(100'000, 'v')}) {
+    Terminal t;
+    t.env("V", value);
+    t.file("a.scrim", std::string("title:${V}\n") + form + "text:\n ${V}\nendtext:\n");
+    t.run({"-f", "a.scrim"});
+    t.type("!");
+    EXPECT_EQ(t.raw().find("\033[13z"), std::string::npos);
+    EXPECT_EQ(t.raw().find("\033]0"), std::string::npos);
+    t.type("\033");
+    // The stored value is whole: what shows as "?" comes back as it was.
+    const std::string kept = value.size() > 79 ? value.substr(0, 79) : value + "!";
+    t.expect_exit(
+        0, value.size() > 79 ? "RETN=cancel\n" : "A=\"" + kept + "\";export A;RETN=cancel\n");
+  }
+}
+
+// More than a pipe or a buffer holds, so that the writing itself fails.
+TEST(Faults, ResultsThatNobodyTakes) {
+  std::string many = "fulls:clear\n";
+  for (int i = 0; i < 2000; i++) many += "xcheckbox:5,5:_:V" + std::to_string(i) + "\n";
+  for (const std::vector<std::string>& line :
+       {std::vector<std::string>{"/bin/sh", "-c",
+                                 "scrim -f a.scrim | exec 0<&- true; stty -a >/dev/null"},
+        {"/bin/sh", "-c", "scrim -f a.scrim >/dev/full"},
+        {"/bin/sh", "-c", "scrim -A/dev/full -f a.scrim"}}) {
+    Terminal t;
+    t.file("a.scrim", many);
+    t.command(line);
+    t.type(" ");
+    t.type("\033");
+    t.emulator.settle(50, 2000);
+    EXPECT_TRUE(t.emulator.ended()) << line[2];
+    EXPECT_TRUE(t.emulator.settings_kept()) << line[2];
+  }
+}
+
+}  // namespace
+}  // namespace scrim

@@ -1,0 +1,117 @@
+// Forms: what a screen looks like, where the keys and the mouse lead, and how a form is left.
+
+#include "tests/terminal.h"
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+static const char customer[] =
+    "fulls:overlay\ntext:\nName\nPin\nendtext:\nbox:2,4,30,3\ndetext:10,2,6:Johnson:NAME\n"
+    "etext:10,3,6:\\\\p:PIN\netext:10,10,6\n"
+    "pbutton:4,5:_Ok:ok\npbutton:12,5:<E_xit:quit\npbutton:21,5: Help:help\n";
+
+TEST(Form, GadgetsAreMarkedOnEveryKindOfTerminal) {
+  for (const bool cookie : {false, true}) {
+    Terminal t({.term = cookie ? "scrim-cookie" : "scrim-plain"});
+    t.file("s", customer);
+    t.run({"-f", "s"});
+    t.type("\t123\x15\x15");
+    t.expect_screen(2, R"(
+    Name [Johnso]
+    Pin  [***   ]
+  +----------------------------+
+  | (Ok)    <Exit>   Help      |
+)");
+    t.type("\t\t\t");
+    t.expect_reverse(5, cookie ? 3 : 4, 4);
+    for (int column : {5, 14}) t.expect_underline(5, column, cookie ? 0 : 1);  // active or not
+  }
+}
+
+TEST(Form, WindowsCoverWhatTheirKindSays) {
+  const std::tuple<const char*, int, int, const char*> cases[] = {
+      {"fulls", 0, 38, "-T-"},           {"fulls:Clear", 22, 76, "--+0"},
+      {"fulls:clear", 22, 76, "--+ "},   {"fulls:overlap", 21, 76, "  00"},
+      {"pop:8,4", 10, 35, "0+---T--+0"}, {"pop:8,4", 11, 35, "0|      |0"},
+      {"pop:41,11", 6, 18, "0+--"},      {"pop:8,4:clear", 13, 35, " +------+ "},
+  };
+  for (const auto& [window, row, column, text] : cases) {
+    Terminal t({.term = "scrim-plain"});
+    t.file("s", window + std::string("\ntitle:T\n"));
+    t.command({"sh", "-c", "printf %01840d 0 >&2; exec scrim -f s"});
+    t.expect_text(row, column, text);
+    t.expect_exit(0, "");  // without gadgets there is nothing to wait for
+  }
+}
+
+TEST(Form, KeysFollowTheNeighbours) {
+  const std::pair<const char*, int> walk[] = {
+      {"", 0},     {kLeft, 0},  {kUp, 3},    {kLeft, 4}, {kLeft, 2},  {kDown, 3},
+      {kDown, 0},  {"\t", 1},   {"\x15", 3}, {kUp, 2},   {"\t", 4},   {kUp, 2},
+      {kUp, 3},    {kRight, 0}, {"\t", 1},   {kDown, 4}, {"\x12", 3}, {"\t", 0},
+      {"\x04", 4}, {"\x0c", 2}, {"\r", 1},   {"\r", 0},  {"\r", 4},   {kBackspace, 2}};
+  const int places[][3] = {{2, 2, 9}, {2, 30, 9}, {2, 55, 9}, {21, 60, 4}, {21, 46, 4}};
+  Terminal t;
+  t.file("s", "etext:2,2,9\netext:30,2,9\netext:55,2,9\npbutton:60,21:Ok\npbutton:46,21:No\n");
+  t.run({"-f", "s"});
+  for (const auto& [key, gadget] : walk) {
+    t.type(key);
+    t.expect_cursor(places[gadget][0], places[gadget][1] - (gadget > 2));
+    for (const auto& [row, column, width] : places)
+      t.expect_reverse(row, column, column == places[gadget][1] ? width : 0);
+  }
+}
+
+// Runs the form, types the keys, and returns once it has ended as expected.
+static void leave(const std::string& content, const std::string& keys, const std::string& output,
+                  const char* term = "xterm", const char* library = "-") {
+  SCOPED_TRACE(testing::PrintToString(keys) + " on " + term);
+  Terminal t({.term = term});
+  t.file("s", content);
+  t.run({library, "-f", "s"});
+  t.type(keys);
+  t.expect_exit(0, output);
+}
+
+TEST(Form, RunsAndIsLeftOnEveryTerminal) {
+  for (const char* term : {"tmux-256color", "vt100", "linux", "ansi", "dumb", "scrim-blind"})
+    for (const char* library : {"-", "-T"})
+      leave(customer, "\t\tx!o", "RETN=quit\n", term, library);
+}
+
+TEST(Form, IsLeftByItsActions) {
+  const std::string form =
+      "etext:2,2,9::V\npbutton:2,4:_Go:go\npbutton:9,4:i_t:it\npbutton:19,4:_9\n";
+  const std::pair<const char*, std::string> cases[] = {
+      {"\n", "done"},   {"\033OP", "done"},   {"\t\n", "go"},       {"\t\r", "go"},
+      {"\tg", "go"},    {"\tT", "it"},        {"\t\t\033OP", "it"}, {"\t9", ""},
+      {"\t\t\t\r", ""}, {"\033OQ", "cancel"}, {"\x18", "cancel"},   {"\tzi! \033OR\033", "cancel"},
+  };
+  for (const auto& [keys, action] : cases)
+    leave(form + "bdefault:done\n", keys, "RETN=" + action + "\n");
+  leave(form, "\n", "RETN=default\n");
+  leave(form + "bdefault\n", "\t\033[3~\033[5~\033OS\033OA\n", "RETN=\n");
+  leave(form, "g9\033OD\033OC\033OD\033[3~\033OQ", "V=\"g\";export V;RETN=cancel\n");
+}
+
+TEST(Form, ClicksReachTheGadgetUnderThem) {
+  const std::string form =
+      "text:\nA line across the fields\nendtext:\ndetext:2,2,9::V\netext:20,2,5::W\n";
+  const std::pair<const char*, std::string> cases[] = {
+      {"20;2X\033>3;20;2", "W"}, {"25;2X\033>3;25;2", "W"}, {"26;2X\033>3;26;2", "V"},
+      {"20;3X\033>3;20;3", "V"}, {"25;2X\033>3;24;2", "V"},
+  };
+  for (const auto& [report, name] : cases)
+    leave(form, std::string("\033>2;") + report + "Xx\n",
+          name + "=\"x\";export " + name + ";RETN=default\n");
+  leave(form + "pbutton:2,4:Save:save\n", "\033>2;8;4X\033>3;8;4X", "RETN=save\n");
+}
+
+TEST(Form, StartsOnATextLineThatComesFirst) {
+  const std::string form = "text:\nChoose\none\nendtext:\netext:2,5,9::V\npbutton:2,7:_Ok:ok\n";
+  leave(form, "\t\033OBx\n", "RETN=\n");    // it leads nowhere, and its action is empty
+  leave(form, "\r\033OA\rO", "RETN=ok\n");  // back past the lines, to the last gadget
+}
+
+}  // namespace scrim

@@ -1,0 +1,63 @@
+// Keys: which bytes are one key, which are several, and which are none.
+
+#include "tests/terminal.h"
+
+#include <regex>
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+// The codes or names (without XKEY_) that the key test gives the bytes.
+static std::string decoded(std::string term, std::string library, std::string typed) {
+  Terminal t({.term = term});
+  t.run({library, "-d"});
+  t.type(typed + "\033");
+  t.expect_exit(0, t.emulator.output());
+  const std::regex line("[^]*?\n\rKey = (XKEY_)?(\\S+)|\n\r");
+  return std::regex_replace(t.emulator.output(), line, "$2 ");
+}
+
+TEST(Keys, BytesAreDecodedAsTheTerminalDescribesThem) {
+  const std::string cases[][4] = {
+      {"xterm", "-", "a\xe4\x80\x0b\x0c\n\r\t", "97 -28 -128 11 12 10 13 9"},
+      {"xterm", "-", "\033OA\033OB\033OD\033OC", "UP DOWN LEFT RIGHT"},
+      {"xterm", "-", "\033[3~\033[6~\033[5~\177", "DELETE NEXT PREV BACKSPACE"},
+      {"xterm", "-", "\033OP\033OQ\033OR\033OS\033[24~", "F1 F2 F3 F4 F4"},
+      // A key that begins with the whole of an earlier one is never recognised.
+      {"scrim-keys", "-", "\033[20x\033[21x\033[C~\033[29x", "NULL F1 RIGHT 126 F4"},
+      {"scrim-keys", "-T", "\033[21x\033[22x\033[29x\033[U\033[V", "NULL F1 F4 NEXT PREV"},
+      {"scrim-gcaps", "-T", "\b\033[1P\177", "BACKSPACE NEXT 127"},
+      {"scrim-cookie", "-", "\x0b\x0c\n\b\r", "UP RIGHT DOWN BACKSPACE 13"},
+      {"dumb", "-", "\033>2;10;5X\033>3;10;5X\033>X", "NULL MOUSE MOUSE"},
+  };
+  for (const auto& [term, library, typed, keys] : cases)
+    EXPECT_EQ(decoded(term, library, typed), keys + " ESCAPE  24 lines ");
+}
+
+// The pop-up takes one key; what was received with it and is no part of it goes to the field.
+TEST(Keys, NothingTypedIsLostWhenNoKeyMatches) {
+  const char* const cases[][3] = {
+      {"\033x", "y", "xy"},
+      {"\033[2", "1x", "[21x"},  // too late for the key that it began
+      {"\033>2;1", "ab", "b"},   // a report without an end is dropped whole
+      {"\033>12345678901234567890123", "X", ">12345678901234567890123X"},  // too long for one
+  };
+  for (const auto& [typed, later, value] : cases) {
+    Terminal t({.term = "scrim-keys", .nonblocking = value[0] == '['});
+    t.file("s", "etext:2,2,40::V:CHAR:N\nbdefault:ok:Y\n");
+    t.run({"-f", "s"});
+    for (const char* bytes : {"\n", typed, later, "\n"}) t.type(bytes);
+    t.expect_exit(0, std::string("V=\"") + value + "\";export V;RETN=ok\n");
+  }
+}
+
+TEST(Keys, EndOfInputEndsTheProgram) {
+  Terminal t;
+  t.file("s", "etext:2,2,40::V\n");
+  t.input("ab");
+  t.run({"-f", "s"});
+  t.expect_exit(4, "");
+}
+
+}  // namespace scrim

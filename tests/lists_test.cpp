@@ -1,0 +1,59 @@
+// Pick lists: the one-shot mode, and the fields of a form that open one.
+
+#include "tests/terminal.h"
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+using words = std::vector<std::string>;
+const std::string down = kDown;
+
+TEST(Lists, KeysAndMousePickAnEntry) {
+  const std::pair<int, words> cases[] = {
+      {0, {"\r", " \004 \004\r", " \025\033OA\r", "eA\r", "l\r", "\033>2;12;7X\r"}},
+      {1, {down + "\n", "d\r", " \033[5~\r", " \033[6~\r", " \033>3;12;4X \025\r"}},
+      {2, {"De\r", "ex\r", "\033>3;12;9X\033>3;12;7X"}},
+      {-2, {" \t"}},
+      {-3, {" \033", "\030"}}};
+  for (const auto& [result, all] : cases)
+    for (const std::string& keys : all) {
+      Terminal t;
+      t.run({"-l", "10", "5", "Add", "Delete", "Exit", "last"});
+      t.type(keys);
+      t.expect_exit(0, "SCRIM=" + std::to_string(result) + "\n");
+    }
+}
+
+TEST(Lists, LongerThanTheirRoomFollowTheSelection) {
+  for (int framed : {0, 1}) {
+    words line = framed ? words{"-b", "-l", "0", "9"} : words{"-l", "0", "9"};
+    for (int i = 10; i < 40; i++) line.push_back(std::to_string(i) + std::string(40, '.'));
+    Terminal t;
+    t.run(line);
+    t.expect_text(0, 0, framed ? "┌──" : "10.");
+    t.expect_text(23, 0, framed ? "└──" : "   ");
+    t.type(std::string(29, ' ') + kUp + kUp);
+    t.expect_text(22, framed, "39.");
+    t.expect_reverse(20, framed, 39);                                // longer entries are cut
+    t.type("\033>3;1;23X\033>3;1;" + std::to_string(framed) + "X");  // the first is too low
+    t.expect_exit(0, framed ? "SCRIM=8\n" : "SCRIM=7\n");
+  }
+}
+
+TEST(Lists, FieldsTakeLettersOrOpenTheirListAboveTheWindowsEnd) {
+  const std::pair<std::string, words> cases[] = {
+      {"Green", {"g", ".W" + down + "\r", "\t\033>2;26;15X\033>3;26;15X\033>3;27;13X"}},
+      {"Blue", {"bbb", " 1", "\033ORb\r", "g\033OC \r"}},
+      {"Red", {"qq", ".w \033", ".xW\t"}}};
+  for (const auto& [value, all] : cases)
+    for (const std::string& keys : all) {
+      Terminal t;
+      t.file("form", "pop:40,10\npoplist:5,8::P:Red:Green:Blue:Black\netext:5,1,4::E\n");
+      t.run({"-f", "form"});
+      t.type(keys + "\n");
+      t.expect_exit(0, "P=\"" + value + "\";export P;RETN=default\n");
+    }
+}
+
+}  // namespace scrim

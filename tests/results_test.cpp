@@ -1,0 +1,41 @@
+// Results: what a form leaves on standard output and in the files of -A, -W and -U.
+
+#include "tests/terminal.h"
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
+  const char form[] =
+      "etext:2,2,20:John:NAME:VARCHAR2\netext:2,3,20:4:AGE:NUMBER\netext:2,4,20:*:DUE:DATE\n"
+      "etext:2,5,20:1/9:BORN:DATE\netext:2,6,20:it's:NOTE\n";
+  const std::string all = "\"\0042\004*\0049\004?\n", leave = "RETN=default\n";
+  const std::string born = "to_date('1/99','MM/DD/YYYY HH24 MI SS')\n", old = "old|old|old";
+  // Options, keys, standard output, and the files of -A, -W and -U.
+  const std::string cases[][4] = {
+      {"", "\033", "RETN=cancel\n", old},
+      {"", all,
+       "NAME=\"John\"\";export NAME;AGE=\"42\";export AGE;DUE=\"**\";export DUE;"
+       "BORN=\"1/99\";export BORN;NOTE=\"it's?\";export NOTE;RETN=default\n",
+       old},
+      {"-Aadd", "\4\4\0049\n", leave, "NAME 'John'\nAGE 4\nDUE NULL\nBORN " + born + "|old|old"},
+      {"-Wwhere -Uupdate -Aadd", all, leave,
+       "NAME 'John\"'\nAGE 42\nDUE NULL\nBORN " + born + "NOTE it's?\n||"},
+      {"-Uupdate -Wwhere", all, leave,
+       "old|NAME like 'John\"'\nAGE = 42\nDUE IS NULL\nBORN like " + born + "NOTE = it's?\n|"},
+      {"-Uupdate", all, leave,
+       "old|old|NAME = 'John\"'\nAGE = 42\nDUE = NULL\nBORN = " + born + "NOTE = it's?\n"},
+  };
+  for (const auto& [options, keys, output, files] : cases) {
+    Terminal t;
+    t.file("s", form);
+    for (const char* name : {"add", "where", "update"}) t.file(name, "old");
+    t.command({"sh", "-c", "exec scrim " + options + " -f s"});
+    t.type(keys);
+    t.expect_exit(0, output);
+    EXPECT_EQ(t.read("add") + "|" + t.read("where") + "|" + t.read("update"), files) << options;
+  }
+}
+
+}  // namespace scrim

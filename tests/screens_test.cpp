@@ -1,0 +1,103 @@
+// Forms of several screens: switching, validation over all of them, checkboxes, load errors.
+
+#include "tests/terminal.h"
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+const std::string up = kUp, down = kDown;
+
+TEST(Screens, ActionsAndPageKeysSwitchAndKeepTheActiveGadget) {
+  Terminal t;
+  t.file("main", "name:main\nfulls\netext:9,3,5::A\nbutton:_Next:>two\nbutton:_Help:^help\n");
+  t.file("two", "name:two\nfulls:clear\ntitle:Two\nbutton:_Back:<main\nbutton:Bare:^bare\n");
+  t.file("help", "name:help\npop:30,6\ntitle:Help\nbutton:Done:^\nbutton:Two:>two\n");
+  t.file("bare", "name:bare\npop:20,4\nbdefault:^\n");
+  t.run({"-f", "main,two,help,bare"});
+  t.type("x" + down + "\r");
+  t.expect_text(9, 38, "Help");
+  t.expect_text(3, 8, "[x    ]");  // the pop-up stands over the form
+  t.expect_cursor(13, 35);
+  t.type("\r");
+  t.expect_reverse(21, 32, 6);
+  t.type(kPageDown);
+  t.type(kLeft + ("\r\t\r q" + up));  // on a screen without gadgets these do nothing
+  t.expect_text(10, 30, "┌──────────────────┐ ");
+  t.type("\n");
+  t.expect_reverse(21, 46, 6);
+  t.type("B");
+  t.expect_reverse(21, 32, 6);
+  t.type("\r\t\r" + std::string(kPageUp) + "\033");  // the switch takes the pop-up's place
+  t.expect_exit(0, "A=\"x\";export A;RETN=cancel\n");
+}
+
+TEST(Screens, ErrorsEndTheProgramWithAMessage) {
+  const struct {
+    std::string line, message;
+    size_t confirmed = 0;  // confirm keys, from the first screen on, until it shows
+    int status = 3;
+  } cases[] = {{"bdefault:<Main", "switch to screen Main from main unsuccessful", 2},
+               {"bdefault:^nowhere", "pop up screen nowhere from main unsuccessful", 2},
+               {"bdefault:^", "return from screen main not allowed", 2},
+               {"bdefault:^main", "pop up screen main from main unsuccessful", 24},
+               {"swhigh:cursor", "swhigh with no swin"},
+               {"swin:1,1,9,5:absent", "Can't open 'absent'"},
+               {"swin:1,1,9,5:/tmp:V", "Can't open '/tmp'"},
+               {"checkbox:1,1:X:C:c", "checkbox save text reference error"},
+               {"atext:5,5", "Screen file syntax error - multiple text"},
+               {"poplist:1,1::V:one", "Not enough parameters for popup list", 0, 2}};
+  for (const auto& c : cases) {
+    Terminal t;
+    t.file("first", "fulls\nbdefault:>main\nswin:1,1,9,5:first\natext:1,1\nendtext:\n");
+    t.file("second", "name:main\nfulls\n" + c.line);
+    t.run({"-f", "first,second"});
+    for (size_t i = 0; i < c.confirmed; i++) {
+      EXPECT_EQ(t.screen().find(c.message), std::string::npos) << i;
+      t.type("\n");
+    }
+    t.expect_shown(c.message);
+    t.type("x");
+    t.expect_exit(c.status, "");
+  }
+}
+
+TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
+  Terminal t;
+  t.file("main", "name:main\nfulls\netext:9,3,9::A::N\nbutton:OK:ok:Y\n");
+  t.file("two", "name:two\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\nbutton:OK:yes:Y\n");
+  t.run({"-f", "main,two"});
+  t.type(up + "\033");  // cancelling from a button that validates can be refused too
+  t.expect_shown("Missing value in required field!");
+  t.type("xa" + down + "\r");
+  t.expect_shown("Missing value in required field!");
+  t.type("x");
+  t.expect_cursor(7, 9);
+  t.type("r" + up + "13/1/99" + down + down + "\r");
+  t.expect_shown("Month out of range in date field!");
+  t.type("x");
+  t.expect_cursor(6, 16);
+  t.type(std::string(6, '\177') + "2/3/00" + down + down + "\r");
+  t.expect_exit(0, R"(A="a";export A;W="12/03/1900 00 00 00";export W;R="r";export R;RETN=yes
+)");
+}
+
+TEST(Screens, ExclusiveCheckboxesClearTheOthersAndPaintTheirText) {
+  Terminal t;
+  t.env("WHO", "you");
+  t.file("form",
+         "fulls:overlay\ncheckbox:5,2::C\nxcheckbox:5,3:X:P:apple\nxcheckbox:5,4:_:Q:b\n"
+         "xcheckbox:5,5:_:R\natext:12,2\nA\n  B ${WHO}\n\n#C\nendtext:\nbtext:12,2\n\\ two\n");
+  t.run({"-f", "form"});
+  t.type(" " + down + "  ");  // unchecks and checks it
+  t.expect_screen(2, "\n    [X]     A\n    [X]       B you\n    [ ]\n    [ ]     #C\n");
+  t.type(down + " ");
+  t.expect_screen(2, "\n    [X]      two\n    [ ]       B you\n    [X]\n    [ ]     #C\n");
+  t.type(up + " " + down + " ");
+  t.expect_text(2, 12, "Atwo");  // the marked blank has become one that leaves its cell alone
+  t.type("\n");
+  t.expect_exit(0, R"(C="X";export C;P="_";export P;Q="X";export Q;R="_";export R;RETN=default
+)");
+}
+
+}  // namespace scrim

@@ -1,0 +1,68 @@
+// Scroll windows: what they show, their keys, and their value.
+
+#include "tests/terminal.h"
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+const std::string up = kUp, down = kDown, next = kPageDown, previous = kPageUp;
+
+static std::string times(int n, const std::string& keys) {
+  return n ? keys + times(n - 1, keys) : "";
+}
+
+TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
+  const struct {
+    std::string after, keys, first;  // the last: data line in the window's first row
+    int cursor, marked;              // rows, 0: none
+    std::string value = "", before = "";
+  } cases[] = {{"", times(30, down), "9", 4, 0},
+               {"", up + previous + times(5, down) + times(4, up), "2", 1, 0},
+               {"", down + next + next + next, "7", 1, 0},
+               {"", next + next + down + previous, "3", 1, 0},
+               {"", next + down + " ", "4", 2, 2, "5,3"},
+               {"", next + down + "  ", "4", 2, 0, "-1,3"},
+               {"", next + "  " + down + " " + times(3, down), "5", 4, 1, "5,3"},
+               {"swhigh:cursor", "", "1", 1, 1, "1,0"},
+               {"swhigh:cursor", times(4, down) + up, "2", 3, 3, "4,1"},
+               {"swhigh:cursor", "", "", 1, 0, "-1,0", "swdefer\n"},
+               {"swhigh:3", times(4, down), "2", 4, 2},
+               {"swhigh:cursor\nswpos:5,2", "", "3", 3, 3, "5,2", "swdefer\n"},
+               {"swpos:2,-4", " ", "1", 2, 2, "2,0"}};
+  for (const auto& c : cases) {
+    Terminal t;
+    t.file("data", "1\n2\n3\n4\n5\n6\n7\n8\n9\nlast");
+    t.file("form", c.before + "fulls:clear\nswin:2,1,20,6:data:V\n" + c.after + "\n");
+    t.run({"-f", "form"});
+    t.type(c.keys);
+    t.expect_text(2, 4, c.first + "  ");
+    t.expect_cursor(1 + c.cursor, 3);
+    for (int row = 1; row <= 4; row++) t.expect_reverse(1 + row, 4, row == c.marked ? 16 : 0);
+    t.type("\n");
+    t.expect_exit(0, (c.value.empty() ? "" : "V=\"" + c.value + "\";export V;") + "RETN=default\n");
+  }
+}
+
+TEST(Scrolling, DataEndAtTheFirstNulAndMayComeFromAPipe) {
+  const struct {
+    std::string file, first, third, value;
+  } cases[] = {{"data", "a line t", "@x", "6,2"},
+               {"pipe", "sent", "", "4,0"},
+               {"/proc/self/comm", "scrim", "", "4,0"},
+               {"/dev/null", "", "", "4,0"}};
+  for (const auto& c : cases) {
+    Terminal t;
+    t.file("data", std::string_view("a line that is too long\n\n\tx\nlast\0no\nno\n", 39));
+    t.file("f", "swin:1,0,12,6:" + c.file + ":V\n");
+    t.command(
+        {"sh", "-c", "mkfifo pipe; [ $0 = pipe ] && echo sent >$0 & exec scrim -f f", c.file});
+    t.expect_row(0, " ┌──────────┐");
+    t.expect_text(1, 3, c.first + " ");
+    t.expect_text(3, 3, c.third + " ");
+    t.type(next + times(9, down) + " \n");
+    t.expect_exit(0, "V=\"" + c.value + "\";export V;RETN=default\n");
+  }
+}
+
+}  // namespace scrim
