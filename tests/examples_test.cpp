@@ -81,7 +81,7 @@ TEST(Examples, OneShotModesTogether) {
   t.command({example("oneshot/oneshot.sh")});
   t.type("\r");
   t.expect_shown(" lines.");
-  t.expect_reverse(10, 20, 40);
+  t.expect_reverse(10, 30, 20);
   t.expect_reverse(4, 6, 13);
   t.type(std::string(kDown) + "\r");
   t.expect_shown("There is no file /none");

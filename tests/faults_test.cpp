@@ -96,20 +96,20 @@ TEST(Faults, RubbishAsScreenFile) {
   load("fulls:clear\r\netext:1,1,5:v:A:CHAR:N\r\nbutton:OK:ok:Y\r\n", 0, "(OK)");
   load(std::string("fulls\0\1\n\0\nbutton:A\0B:op\n", 25), 0, "(A)");
   load(noise, 2, "Invalid Command: ");
-  std::string many = "fulls:clear\n";
-  for (int i = 0; i < 100'000; i++) many += "etext:1,1,1:::\n";
-  load(many, 0, "[");
   std::string entries = "fulls:clear\npoplist:1,1::A";
   while (entries.size() < 515) entries += ":e";
   load(entries.substr(0, 520) + "\nbutton:Q:q\n", 0, "(Q)");
 }
 
-TEST(Faults, AThousandScreens) {
+// Only the first screen is painted: what is measured is the loading.
+TEST(Faults, AThousandScreensAndAHundredThousandGadgets) {
   Terminal t;
-  std::string list;
+  std::string list, many;
   for (int i = 0; i < 1000; i++) list += "a.scrim,";
+  for (int i = 0; i < 50'000; i++) many += "etext:1,1,1:::\nxcheckbox:2,300:_:B\n";
   t.file("a.scrim", form);
-  t.run({"-f", list});
+  t.file("many.scrim", many);
+  t.run({"-f", list + "many.scrim"});
   t.type("\033");
   t.expect_exit(0, "RETN=cancel\n");
 }

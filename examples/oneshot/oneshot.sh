@@ -7,15 +7,15 @@ here=$(cd "$(dirname "$0")" && pwd) || exit
 count_words() {
   total=$(wc -l <"$here/oneshot.sh")
   lines=0 words=0
-  scrim -b 18 8 44 5
+  scrim -b 27 8 26 5
   while read -r line; do
     lines=$((lines + 1))
     # shellcheck disable=SC2086 # the words of the line
     set -f && set -- $line && set +f
     words=$((words + $#))
-    scrim_progress 10 40 "$lines" "$total"
+    scrim_progress 10 20 "$lines" "$total"
   done <"$here/oneshot.sh"
-  scrim -m "20,13" "$words words in $lines lines."
+  scrim -m "27,13" "$words words in $lines lines."
 }
 
 clear

@@ -162,14 +162,15 @@ int display_swin(gadget_list* swin, int line) {
 
 // What directives computed when they asked for a drawing stays as it was.
 static void draw_at_first() {
-  for (const first_drawing* drawing = curscrn->drawings; drawing; drawing = drawing->next) {
+  const first_drawing* drawing = curscrn->drawn ? nullptr : curscrn->drawings;
+  for (; drawing; drawing = drawing->next) {
     if (drawing->rows) {
       paint_window(*drawing->rows, -1);
     } else {
       do_box_c(drawing->x, drawing->y, drawing->w, drawing->h, 0);
     }
   }
-  curscrn->drawings = nullptr;
+  curscrn->drawn = true;
 }
 
 int PaintScreen() {

@@ -93,15 +93,16 @@ struct per_screen {
   int windw, windh;  // its width and height, frame included
   int gadgetc;       // interactive gadgets declared since the window was set
   char filename[81];
-  char default_string[81];  // action of the confirm keys where no button is active
-  gadget_list* blp;         // while loading, the list's last gadget; then the active one
-  gadget_list* gadget_lp;   // the list's first gadget
-  gadget_list* cb_link;     // first exclusive checkbox
-  gadget_list* last_swin;   // scroll window declared last
-  gadget_list* cb_last;     // last exclusive checkbox
-  const char* path;         // the file's name uncut, for opening it
-  first_drawing* drawings;  // what the first painting draws besides window and gadgets
-  first_drawing* drawings_end;
+  char default_string[81];      // action of the confirm keys where no button is active
+  gadget_list* blp;             // while loading, the list's last gadget; then the active one
+  gadget_list* gadget_lp;       // the list's first gadget
+  gadget_list* cb_link;         // first exclusive checkbox
+  gadget_list* last_swin;       // scroll window declared last
+  gadget_list* cb_last;         // last exclusive checkbox
+  const char* path;             // the file's name uncut, for opening it
+  first_drawing* drawings;      // what the first painting draws besides window and gadgets
+  first_drawing* drawings_end;  // its last one
+  bool drawn;                   // the first painting has been
 };
 
 constexpr int stack_slots = 24;  // the bottom one stays null
