@@ -1,4 +1,5 @@
 // common/text: scratch buffers, the bounded copy and the number reader that every room uses.
+// Nothing here writes past an array, whatever it is given.
 
 #include "common/text.h"
 

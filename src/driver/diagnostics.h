@@ -1,4 +1,5 @@
 // driver/diagnostics: what the program makes of a terminal: its keys, and its capabilities.
+// Both report on standard output, so that a report can be kept in a file.
 #pragma once
 
 namespace scrim {

@@ -1,4 +1,5 @@
 // output/results: what was entered, as shell assignments or as SQL fragments.
+// Each value goes to one place only: the first SQL file asked for, or else standard output.
 
 #include "output/results.h"
 

@@ -162,24 +162,23 @@ static bool type_on_list(form_state& form, int key) {
 
 // Moving between gadgets.
 
-static bool go_up(form_state& form, int) {
+// The line keys act inside a scroll window, and lead from any other gadget to a neighbour.
+static bool go_by_line(form_state& form, void (*scroll)(gadget_list&),
+                       int gadget_list::*neighbour) {
+  gadget_list* active = curscrn->blp;
   if (form.swinmode) {
-    line_up(*curscrn->blp);
-  } else if (curscrn->blp) {
-    move_to(curscrn->blp->up);
+    scroll(*active);
+  } else if (active) {
+    move_to(active->*neighbour);
     form.editmode = false;
   }
   return false;
 }
 
+static bool go_up(form_state& form, int) { return go_by_line(form, line_up, &gadget_list::up); }
+
 static bool go_down(form_state& form, int) {
-  if (form.swinmode) {
-    line_down(*curscrn->blp);
-  } else if (curscrn->blp) {
-    move_to(curscrn->blp->down);
-    form.editmode = false;
-  }
-  return false;
+  return go_by_line(form, line_down, &gadget_list::down);
 }
 
 static bool go_left(form_state& form, int) {
@@ -221,23 +220,17 @@ static void turn_page(form_state& form, char marker) {
   }
 }
 
-static bool page_forward(form_state& form, int) {
+static bool go_by_page(form_state& form, void (*scroll)(gadget_list&), char marker) {
   if (form.swinmode) {
-    page_down(*curscrn->blp);
+    scroll(*curscrn->blp);
   } else {
-    turn_page(form, '>');
+    turn_page(form, marker);
   }
   return false;
 }
 
-static bool page_back(form_state& form, int) {
-  if (form.swinmode) {
-    page_up(*curscrn->blp);
-  } else {
-    turn_page(form, '<');
-  }
-  return false;
-}
+static bool page_forward(form_state& form, int) { return go_by_page(form, page_down, '>'); }
+static bool page_back(form_state& form, int) { return go_by_page(form, page_up, '<'); }
 
 static const gadget_list* declared_before(const gadget_list* gadget) {
   return gadget->prev ? gadget->prev : gadget_at(*curscrn, curscrn->gadgets - 1);

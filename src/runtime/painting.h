@@ -1,4 +1,5 @@
 // runtime/painting: turns the records of a screen into cells of the terminal.
+// Nothing else draws gadgets at rest; the form loop draws the active one over it.
 #pragma once
 
 #include "screens/model.h"

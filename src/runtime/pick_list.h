@@ -1,4 +1,5 @@
 // runtime/pick_list: a column of words, of which the user picks one.
+// It keeps nothing between calls and leaves what it drew to its caller.
 #pragma once
 
 namespace scrim {

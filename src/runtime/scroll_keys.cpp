@@ -1,4 +1,5 @@
 // runtime/scroll_keys: the keys inside a scroll window: by line, by page, and choosing a line.
+// The cursor stays on the rows of the window; at the first and the last one the data move instead.
 
 #include "runtime/scroll_keys.h"
 

@@ -1,4 +1,5 @@
 // runtime/scroll_keys: the keys inside a scroll window: by line, by page, and choosing a line.
+// The keys that leave the window are the form loop's.
 #pragma once
 
 #include "screens/model.h"

@@ -1,4 +1,5 @@
 // runtime/switching: the screen stack, and the two ways to another screen.
+// Screens keep their own active gadget, so one that is shown again goes on where it was left.
 
 #include "runtime/switching.h"
 

@@ -1,4 +1,5 @@
 // screens/buttons_and_fields: the directives of buttons and edit fields.
+// A label is built as it is painted: brackets included, the hot key marked by its top bit.
 
 #include "common/text.h"
 #include "screens/directives.h"

@@ -1,4 +1,5 @@
 // screens/loader: turns a list of screen files into the screen table.
+// The screens, their gadgets and the ways between them are complete when it returns.
 #pragma once
 
 namespace scrim {

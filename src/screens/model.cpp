@@ -1,4 +1,5 @@
 // screens/model: the records that screen files become.
+// Records are made while screen files are read, and stay until the program ends.
 
 #include "screens/model.h"
 

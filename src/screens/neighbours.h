@@ -1,4 +1,5 @@
 // screens/neighbours: the graph that the cursor keys follow from gadget to gadget.
+// It is computed once, when a screen file has been read.
 #pragma once
 
 #include "screens/model.h"

@@ -1,4 +1,5 @@
 // screens/reader: the screen file being read, its lines, and the items of a line.
+// A line that is too long is refused, never cut in two: its rest would be read as a directive.
 
 #include "screens/reader.h"
 

@@ -1,4 +1,5 @@
 // term/capabilities: what the terminal can do, loaded once from terminfo or termcap.
+// The rest of the program sees no difference between the two descriptions.
 
 #include "term/capabilities.h"
 

@@ -1,4 +1,5 @@
 // term/drawing: the routines that draw, in capability strings and plain text.
+// Strings go out one by one and text straight behind them, so both arrive in program order.
 
 #include "term/drawing.h"
 

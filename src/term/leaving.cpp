@@ -1,4 +1,5 @@
 // term/leaving: the one way out for everything that ends the program while it runs.
+// It needs no capabilities: before they are loaded it only puts the line settings back.
 
 #include "term/leaving.h"
 

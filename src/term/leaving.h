@@ -1,4 +1,5 @@
 // term/leaving: the one way out for everything that ends the program while it runs.
+// Whoever ends the program otherwise would leave the terminal raw.
 #pragma once
 
 namespace scrim {

@@ -1,4 +1,5 @@
 // term/popup: the error pop-up, and the endings that it announces.
+// A message is always shown, on the terminal where there is one, else as a line of its own.
 
 #include "term/popup.h"
 

@@ -1,4 +1,5 @@
 // term/popup: the error pop-up, and the endings that it announces.
+// It stands above the keys because it waits for one.
 #pragma once
 
 #include <cstddef>
