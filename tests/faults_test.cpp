@@ -144,7 +144,7 @@ TEST(Faults, DirectivesWithSpoiltItems) {
         keyword + ":",
         directive + ":" + directive,
         keyword + ":-5,-5,-5,-5:-:-:-:-:-",
-        keyword + ":3,3,99999999999,3:data:A:b:c",
+        keyword + ":99999999999,99999,2147483648,-9999999999:data:A:b:c",
         directive + std::string(2000, 'y'),
     };
     for (const std::string& line : spoilt) {

@@ -25,7 +25,8 @@ struct swin_place {
 static swin_place* places = nullptr;
 
 int screen_paint() {
-  const int x = curscrn->windx, y = curscrn->windy, w = curscrn->windw, h = curscrn->windh;
+  const int x = curscrn->windx, y = curscrn->windy;
+  const int w = std::min(curscrn->windw, drawn_limit), h = std::min(curscrn->windh, drawn_limit);
   if (curscrn->screentype & ST_OVERLAY) {
     for (int row = 1; row <= h - 2; row++) stand(x + 1, y + row, "", 0, w - 2);
     return 0;
@@ -129,18 +130,19 @@ static const char* row_line(const gadget_list& swin, int row) {
 }
 
 static void paint_row(const gadget_list& swin, int row, const char* at) {
-  static char text[coordinate_limit];
+  static char text[drawn_limit + 1];
+  const int width = std::min(swin.w - 4, drawn_limit);
   int n = 0;
-  for (; n < swin.w - 4 && at[n] && at[n] != '\n'; n++) text[n] = at[n];
+  for (; n < width && at[n] && at[n] != '\n'; n++) text[n] = at[n];
   text[n] = 0;
   const bool highlighted = std::int64_t{swin.swhigh} - swin.swoff == row;
-  stand(swin.x + 2, swin.y + row, text, highlighted ? ATT_STANDOUT : 0, swin.w - 4);
+  stand(swin.x + 2, swin.y + row, text, highlighted ? ATT_STANDOUT : 0, width);
 }
 
 // Paints the rows from `first` to `last`; the window has no others than 1 to h - 2.
 static void paint_rows(const gadget_list& swin, int first, int last) {
   first = std::max(first, 1);
-  last = std::min(last, swin.h - 2);
+  last = std::min({last, swin.h - 2, drawn_limit});
   if (first > last) return;
   const char* at = row_line(swin, first);
   for (int row = first; row <= last; row++) {

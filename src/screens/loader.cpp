@@ -35,15 +35,30 @@ int (*const file_funcs_x[])() = {
 // clang-format on
 static_assert(std::size(file_funcs) == std::size(file_funcs_x));
 
-static void run_directive() {
-  const std::string_view line = cbuf;
-  for (int row = 0; *file_funcs[row]; row++) {
-    if (!line.starts_with(file_funcs[row])) continue;
-    file_funcs_x[row]();
-    return;
+int directive_row(std::string_view line) {
+  for (int row = 0; *file_funcs[row]; row++)
+    if (line.starts_with(file_funcs[row])) return row;
+  return -1;
+}
+
+void run_directive() {
+  const int row = directive_row(cbuf);
+  if (row == -1) {
+    snprintf(tbuf, sizeof tbuf, "Invalid Command: %.1000s", cbuf);
+    end_with(tbuf, 2);
   }
-  snprintf(tbuf, sizeof tbuf, "Invalid Command: %.1000s", cbuf);
-  end_with(tbuf, 2);
+  file_funcs_x[row]();
+}
+
+bool open_screen() { return open_screen_file(s_screen[curscreen].path); }
+
+bool next_directive() {
+  while (next_line()) {
+    env_substitute(cbuf);
+    copy_text(cbuf, tbuf);
+    if (*cbuf && *cbuf != '#') return true;
+  }
+  return false;
 }
 
 static void choose_active(per_screen& screen) {
@@ -56,18 +71,16 @@ static void choose_active(per_screen& screen) {
   }
 }
 
-int ParseScreenFile() {
-  per_screen& screen = s_screen[curscreen];
-  sfp = open_for_reading(screen.path);
-  if (!sfp) return 1;
-  while (next_line()) {
-    env_substitute(cbuf);
-    copy_text(cbuf, tbuf);
-    if (*cbuf && *cbuf != '#') run_directive();
-  }
+void close_screen() {
   if (sfp != stdin) fclose(sfp);
-  choose_active(screen);
-  link_neighbours(screen);
+  choose_active(s_screen[curscreen]);
+  link_neighbours(s_screen[curscreen]);
+}
+
+int ParseScreenFile() {
+  if (!open_screen()) return 1;
+  while (next_directive()) run_directive();
+  close_screen();
   return 0;
 }
 
@@ -90,7 +103,7 @@ static int count_names(const char* list) {
   return count;
 }
 
-static void make_table(char* fnames) {
+void make_table(char* fnames) {
   screens = fnames ? count_names(fnames) : 0;
   if (screens == 0) {
     fputs("ERROR: Missing screen file names\n", stderr);

@@ -2,6 +2,8 @@
 // The screens, their gadgets and the ways between them are complete when it returns.
 #pragma once
 
+#include <string_view>
+
 namespace scrim {
 
 // Loads the files whose paths `fnames` lists, separated by commas; cuts `fnames` apart in place.
@@ -9,6 +11,25 @@ namespace scrim {
 // the program with status 253, a file that cannot be opened with status 1, each with a message on
 // standard error; errors in a file end it with a message in the pop-up.
 void InitializeScreens(char* fnames);
+
+// Fills the screen table from `fnames`, as InitializeScreens does, but loads no file.
+void make_table(char* fnames);
+
+// Opens the file of screen `curscreen`. Returns false when it cannot be opened.
+bool open_screen();
+
+// Reads on to the next directive and substitutes its line into cbuf. Returns false at the end of the
+// file.
+bool next_directive();
+
+// The row of file_funcs that a line's directive has; -1: none.
+int directive_row(std::string_view line);
+
+// Runs the directive in cbuf; one that is unknown ends the program with a message and status 2.
+void run_directive();
+
+// Closes the file, and completes the screen: its active gadget, and where the cursor keys lead.
+void close_screen();
 
 // Loads the file of screen `curscreen`. Returns 0, or 1 when it cannot be opened.
 int ParseScreenFile();

@@ -15,8 +15,11 @@ static const int line_limit = 509;    // characters of a line before its newline
 static const int shown_of_line = 40;  // of those, what the complaint about a longer one shows
 
 FILE* sfp = nullptr;
+int line_number = 0;
 
-FILE* open_for_reading(const char* path) {
+static bool inside_line = false;  // the line read last was too long, and its rest is still to come
+
+static FILE* open_for_reading(const char* path) {
   if (std::strcmp(path, "stdin") == 0) return stdin;
   FILE* file = fopen(path, "re");
   struct stat about;
@@ -25,6 +28,13 @@ FILE* open_for_reading(const char* path) {
     return nullptr;
   }
   return file;
+}
+
+bool open_screen_file(const char* path) {
+  sfp = open_for_reading(path);
+  line_number = 0;
+  inside_line = false;
+  return sfp != nullptr;
 }
 
 // The next character of the file; a carriage return and a newline are one newline.
@@ -37,14 +47,22 @@ static int next_character() {
   return c;
 }
 
+static void skip_rest() {
+  for (int c = 0; c != EOF && c != '\n'; c = next_character()) continue;
+  inside_line = false;
+}
+
 bool next_line() {
+  if (inside_line) skip_rest();
   int n = 0;
   int c = next_character();
   if (c == EOF) return false;
+  line_number++;
   for (; c != EOF && c != '\n'; c = next_character()) {
     cbuf[n] = static_cast<char>(c);
     cbuf[++n] = 0;
     if (n <= line_limit) continue;
+    inside_line = true;
     snprintf(tbuf, sizeof tbuf, "Line too long: %.*s", shown_of_line, cbuf);
     end_with(tbuf, 3);
   }

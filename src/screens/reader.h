@@ -7,15 +7,17 @@
 
 namespace scrim {
 
-extern FILE* sfp;  // the open screen file
+extern FILE* sfp;        // the open screen file
+extern int line_number;  // of the line read last from `sfp`, counted from 1; 0: none yet
 
-// Opens a file for reading; "stdin" is standard input. Returns null when it cannot be opened or is
-// a directory.
-FILE* open_for_reading(const char* path);
+// Opens a screen file as `sfp`; "stdin" is standard input. Returns false when it cannot be opened
+// or is a directory.
+bool open_screen_file(const char* path);
 
 // Reads the next line of `sfp` into cbuf, without its newline; a carriage return before that
 // belongs to it. Returns false at the end of the file. A line of more than 509 characters ends the
-// program with a message and status 3.
+// program with a message and status 3; where something else takes over, the next call skips what is
+// left of the line.
 bool next_line();
 
 // Reads the next line of a text block and substitutes it into tbuf. Returns false at the line that

@@ -128,6 +128,8 @@ static void draw_edge(int x, int y, int w, int left, int right) {
 
 int do_box_c(int x, int y, int w, int h, int cs) {
   if (w < 2 || h < 1) return 0;
+  w = std::min(w, drawn_limit);
+  h = std::min(h, drawn_limit);
   M_putp(graph_on);
   draw_edge(x, y, w, line_upper_left, line_upper_right);
   for (int row = y + 1; row <= y + h - 2; row++) {

@@ -13,6 +13,10 @@ enum {
   ATT_BRACKET = 0x400    // "[" and "]" around the field where attributes take a cell of their own
 };
 
+// Cells of a frame or a window beyond this many are not drawn: no terminal shows them, and a line
+// would carry them for minutes.
+constexpr int drawn_limit = 1000;
+
 // Moves the cursor to column x, row y; a negative one counts as 0. Returns the flush status.
 int sposition(int x, int y);
 

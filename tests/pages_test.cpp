@@ -1,0 +1,67 @@
+// The manual pages and the completions against the program's own tables: nothing of it is missing
+// there, and nothing stands there that it does not know.
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "screens/loader.h"
+#include "tests/terminal.h"
+
+namespace scrim {
+namespace {
+
+using words = std::set<std::string>;
+
+std::string source(const std::string& name) { return Terminal().read(SCRIM_SOURCE "/" + name); }
+
+// What the pattern's only group matches, anywhere in the text.
+words found(const std::string& text, const std::string& pattern) {
+  words all;
+  const std::regex expression(pattern);
+  for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end; ++at)
+    all.insert((*at)[1]);
+  return all;
+}
+
+TEST(Pages, EveryDirectiveHasItsEntry) {
+  words keywords;
+  for (const char* const* row = file_funcs; **row; row++)
+    keywords.insert(std::string(*row, std::string(*row).find_last_not_of(':') + 1));
+  EXPECT_EQ(found(source("man/scrim-screen.5"), "\n\\.It Li ([a-z]+)(?=[: \n])"), keywords);
+}
+
+TEST(Pages, EveryOptionHasItsEntryAndCompletions) {
+  const words letters = found(source("src/driver/main.cpp"), "\n    \\{'(.)', ");
+  EXPECT_TRUE(letters.contains("f") && letters.contains("A"));
+  EXPECT_EQ(found(source("man/scrim.1"), "\n\\.It Fl (\\S)(?= |\n)"), letters);
+  const std::string bash = source("share/completions/scrim.bash");
+  const size_t list = bash.find("-W '-") + 4;
+  EXPECT_EQ(found(bash.substr(list, bash.find('\'', list) - list), "-([A-Za-z])"), letters);
+  EXPECT_EQ(found(source("share/completions/_scrim"), "\n  '-([A-Za-z])-?\\["), letters);
+  EXPECT_EQ(found(source("share/completions/scrim.fish"), "\ncomplete -c scrim -s (\\S) "),
+            letters);
+}
+
+TEST(Pages, EveryExitStatusHasItsEntry) {
+  words statuses = found(source("src/term/capabilities.cpp"), "return ([5-9]);");
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(SCRIM_SOURCE "/src"))
+    if (entry.path().extension() == ".cpp")
+      statuses.merge(found(Terminal().read(entry.path()),
+                           "(?:exit|end_with|allocate)\\((?:[^;]*, )?([0-9]+)\\)+;"));
+  const std::string page = source("man/scrim.1");
+  const std::string section = page.substr(page.find("\n.Sh EXIT STATUS"));
+  EXPECT_EQ(found(section, "\n\\.It ([0-9]+)(?=\n)"), statuses);
+}
+
+TEST(Pages, AreCleanMdoc) {
+  Terminal t;
+  t.command({"sh", "-c", "mandoc -Tlint -Wwarning " SCRIM_SOURCE "/man/*.[15] 2>&1"});
+  t.expect_exit(0, "");
+}
+
+}  // namespace
+}  // namespace scrim

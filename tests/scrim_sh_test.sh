@@ -1,0 +1,90 @@
+#!/bin/sh
+# Tests share/scrim/scrim.sh in the shell that runs this file, with a stand-in that prints a given
+# answer: what is assigned for each answer, and that nothing else is, whatever a value holds.
+# shellcheck disable=SC1003,SC2016 # hostile texts are meant as they stand
+
+cd "$(dirname "$0")" || exit 1
+library=$(pwd)/../share/scrim/scrim.sh
+scratch=$(mktemp -d) || exit 1
+trap 'rm -rf "$scratch"' EXIT
+cd "$scratch" || exit 1
+export SCRIM="$scratch/stand-in" STATUS=0
+cat >stand-in <<'END'
+#!/bin/sh
+printf '%s\n' "$*" >>calls
+printf '%s' "$ANSWER"
+[ "$STATUS" != term ] || kill -TERM $$
+exit "$STATUS"
+END
+chmod +x stand-in
+# shellcheck source=/dev/null
+. "$library"
+
+newline='
+'
+failures=0
+fail() {
+  printf 'FAILED: %s: got %s\n' "$1" "$2"
+  failures=$((failures + 1))
+}
+
+# check CASE ANSWER A B RETN STATUS: what reading A and B from the answer leaves behind.
+check() {
+  export ANSWER="$2"
+  A=old B=old RETN=stale C=other search=$PATH SCRIM=7
+  got=0
+  scrim_read A B -- -f form 2>messages || got=$?
+  got="A=$A B=$B RETN=$RETN $got $SCRIM C=$C"
+  [ "$got" = "A=$3 B=$4 RETN=$5 $6 ${7-} C=other" ] || fail "$1" "$got"
+  [ "$PATH" = "$search" ] || fail "$1" "another PATH"
+  [ ! -e touched ] || fail "$1" "a command run"
+}
+
+# value CASE VALUE: the value comes back whole, alone, before and behind another one.
+value() {
+  check "$1, alone" "A=\"$2\";export A;RETN=ok$newline" "$2" old ok 0
+  check "$1, first" "A=\"$2\";export A;B=\"b\";export B;RETN=ok$newline" "$2" b ok 0
+  check "$1, last" "B=\"b\";export B;A=\"$2\";export A;RETN=ok$newline" "$2" b ok 0
+}
+
+value 'plain text' 'John Smith'
+value 'empty' ''
+value 'quotes' '"a" "";b"; '\''c'\'''
+value 'substitutions' '$(touch touched) `touch touched` ${IFS} $((1+1)) \" \\ \'
+value 'command behind the quote' '"; touch touched; "'
+value 'patterns' '*[?]* ~ %x {a,b} !!'
+value 'newlines' "one${newline}two$newline$newline"
+value 'an end for another name' 'x";export PATH;'
+value 'assignment of an unlisted name' 'x";export PATH;PATH="/evil";export PATH;C="y'
+value 'assignment of its own name' 'x";export A;A="y'
+value 'a result line' 'x";export A;RETN=evil'
+value 'a result line and a newline' "x\";export A;RETN=evil$newline"
+value 'bytes above ASCII' 'Köln'
+check 'listed name imitated that is absent' \
+  "A=\"x\";export A;B=\"y\";export A;RETN=ok$newline" 'x";export A;B="y' old ok 0
+two_ways="A=\"x\";export A;B=\"y\";export A;B=\"z\";export B;RETN=ok$newline"
+check 'two readings' "$two_ways" old old '' 254
+grep -q 'nothing assigned' messages || fail 'two readings' 'no message'
+check 'a name not asked for, and none' \
+  "C=\"x\";export C;=\"1,0\";export ;B=\"b\";export B;RETN=ok$newline" old b ok 0
+check 'only an action, with a newline of its own' "RETN=x$newline$newline" old old "x$newline" 0
+check 'no answer' '' old old '' 0
+check 'pick list' "SCRIM=-2$newline" old old '' 0 -2
+check 'cut off' 'A="x";export A' old old '' 0
+STATUS=3 && check 'failing program' "$two_ways" old old '' 3
+STATUS=term && check 'program ended by a signal' "$two_ways" old old '' 143
+
+rm -f calls
+STATUS=0 ANSWER=
+for call in '1bad -- -f x' 'A;B -- -f x' 'A -f x' '--'; do
+  # shellcheck disable=SC2086 # words
+  (IFS=' ' && scrim_read $call 2>/dev/null) && fail "$call" 'status 0'
+done
+[ ! -e calls ] || fail 'wrong calls' "$(cat calls)"
+
+for current in 0 1 9 10 11 19 20 200; do scrim_progress 10 20 "$current" 200; done
+scrim_progress 12 20 200 200
+scrim_progress 12 20 'a[$(touch touched)]' 200 2>/dev/null && fail 'progress of a text' 'status 0'
+[ "$(cat calls)" = "$(printf -- '-t %s\n' 10,20,0,200 10,20,10,200 10,20,20,200 10,20,200,200 \
+  12,20,200,200)" ] || fail progress "$(cat calls)"
+[ "$failures" -eq 0 ]

@@ -1,0 +1,85 @@
+// The shell library in each shell that it is for, around the real program and what people type.
+
+#include <csignal>
+#include <cstdlib>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/terminal.h"
+
+namespace scrim {
+namespace {
+
+class Shell : public testing::TestWithParam<const char*> {
+ protected:
+  // Runs a script that has read the library; its form asks for A and B.
+  static void start(Terminal& t, const std::string& script) {
+    t.file("form.scrim",
+           "fulls:clear\nbdefault:ok\ndetext:3,3,70/79::A:CHAR\netext:3,5,30:${FILLED}:B:CHAR\n");
+    t.file("script", ". " SCRIM_SOURCE "/share/scrim/scrim.sh\n" + script);
+    t.command({"sh", "-c", std::string("exec ") + GetParam() + " ./script"});
+  }
+};
+
+TEST_P(Shell, TakesEveryAnswerOfAStandIn) {
+  const std::string line = std::string(GetParam()) + " " SCRIM_SOURCE "/tests/scrim_sh_test.sh";
+  EXPECT_EQ(std::system(line.c_str()), 0);
+}
+
+// Whatever is typed comes back as it was typed, and nothing of it is run or assigned elsewhere.
+TEST_P(Shell, HostileValuesStayValues) {
+  for (const std::string typed : {
+           R"("a" "";b"; 'c')",
+           R"($(touch x) `touch x` ${IFS} \" \)",
+           R"("; touch x; ")",
+           R"(";export PATH;)",
+           R"(";export PATH;PATH="/evil";export PATH;C="c)",
+           R"(";export A;RETN=evil)",
+       }) {
+    SCOPED_TRACE(typed);
+    Terminal t;
+    t.env("FILLED", "one\ntwo\";export PATH;\n");
+    start(t, R"(search=$PATH C=other A=old
+scrim_read A B -- -f form.scrim
+printf '%s\n' "$?" "$RETN" "$C" "$A" "$B"
+[ "$PATH" = "$search" ] && [ ! -e x ] && echo unharmed)");
+    t.type(typed + "\t!\n");
+    t.expect_exit(0, "0\nok\nother\n" + typed + "\none\ntwo\";export PATH;\n!\nunharmed\n");
+  }
+}
+
+TEST_P(Shell, AnAnswerThatReadsInTwoWaysIsRefused) {
+  Terminal t;
+  start(t, R"(A=a B=b
+scrim_read A B -- -f form.scrim
+printf '%s\n' "$?" "$RETN" "$A" "$B")");
+  t.type("x\";export A;B=\"y\tz\n");
+  t.expect_exit(0, "254\n\na\nb\n");
+  t.expect_shown("nothing assigned");
+}
+
+// The program has no time to put the terminal back: the library does.
+TEST_P(Shell, SettingsAreRestoredAfterAKill) {
+  Terminal t;
+  t.file("scrim-told", "#!/bin/sh\necho $$ >number\nexec scrim \"$@\"\n");
+  start(t, R"(chmod +x scrim-told && _scrim_program=./scrim-told
+scrim_read A B -- -f form.scrim
+echo "$?")");
+  t.expect_cursor(3, 3);
+  const int number = std::atoi(t.read("number").c_str());
+  ASSERT_GT(number, 1);
+  ASSERT_EQ(kill(number, SIGKILL), 0);
+  t.expect_exit(0, "137\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Shell, testing::Values("dash", "bash", "busybox sh", "ksh"));
+
+TEST(Scripts, AreClean) {
+  EXPECT_EQ(std::system("cd " SCRIM_SOURCE " && shellcheck -x -P share share/scrim/scrim.sh "
+                        "examples/*/*.sh scripts/* tests/*.sh"),
+            0);
+}
+
+}  // namespace
+}  // namespace scrim
