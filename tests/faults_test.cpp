@@ -117,36 +117,31 @@ TEST(Faults, AThousandScreensAndAHundredThousandGadgets) {
 // Every directive with its items missing, doubled, negative, huge and long: no crash, no status
 // other than those of screen files.
 TEST(Faults, DirectivesWithSpoiltItems) {
-  const std::string directives[] = {
-      "fulls:clear",
-      "button:_OK:ok:Y",
-      "pbutton:1,1:OK:ok",
-      "title:T",
-      "table:T",
-      "name:N",
-      "pop:20,10:clear",
-      "box:1,1,10,5",
-      "etext:1,1,5/9:v:A",
-      "bdefault:a:Y",
-      "checkbox:1,1:X:A:a",
-      "xcheckbox:1,1:_:A:b",
-      "atext:1,1",
-      "swin:1,1,20,5:data:P",
-      "swhigh:cursor",
-      "swhigh:3",
-      "swdefer",
-      "swpos:5,2",
-      "poplist:1,1::A:a:b",
-  };
+  const std::string directives[] = {"fulls:clear",
+                                    "button:_OK:ok:Y",
+                                    "pbutton:1,1:OK:ok",
+                                    "title:T",
+                                    "table:T",
+                                    "name:N",
+                                    "pop:20,10:clear",
+                                    "box:1,1,10,5",
+                                    "etext:1,1,5/9:v:A",
+                                    "bdefault:a:Y",
+                                    "checkbox:1,1:X:A:a",
+                                    "xcheckbox:1,1:_:A:b",
+                                    "atext:1,1",
+                                    "swin:1,1,20,5:data:P",
+                                    "swhigh:cursor",
+                                    "swhigh:3",
+                                    "swdefer",
+                                    "swpos:5,2",
+                                    "poplist:1,1::A:a:b"};
   for (const std::string& directive : directives) {
     const std::string keyword = directive.substr(0, directive.find(':'));
-    const std::string spoilt[] = {
-        keyword + ":",
-        directive + ":" + directive,
-        keyword + ":-5,-5,-5,-5:-:-:-:-:-",
-        keyword + ":99999999999,99999,2147483648,-9999999999:data:A:b:c",
-        directive + std::string(2000, 'y'),
-    };
+    const std::string spoilt[] = {keyword + ":", directive + ":" + directive,
+                                  keyword + ":-5,-5,-5,-5:-:-:-:-:-",
+                                  keyword + ":99999999999,99999,2147483648,-9999999999:data:A:b:c",
+                                  directive + std::string(2000, 'y')};
     for (const std::string& line : spoilt) {
       Terminal t({.rows = 10, .columns = 30});
       t.file("data", "line\n");

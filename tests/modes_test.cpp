@@ -29,25 +29,23 @@ std::string complaint(Terminal& t) {
 using words = std::vector<std::string>;
 
 TEST(Modes, UsageForMixedModesAndMissingWords) {
-  const words lines[] = {
-      {},
-      {"-T", "-r"},
-      {"-l", "-e", "x"},
-      {"-q"},
-      {"-l", "5", "3"},
-      {"-l", "a"},
-      {"-b", "1", "2", "3"},
-      {"-p", "10"},
-      {"-p", "x", "y"},
-      {"-e"},
-      {"-t"},
-      {"-t", "1,2,3"},
-      {"-t", "10,0,1,4"},
-      {"-m", "1,1"},
-      {"-m", "1", "text"},
-      {"-l", "-b", "1", "1"},
-      {"-m"},
-  };
+  const words lines[] = {{},
+                         {"-T", "-r"},
+                         {"-l", "-e", "x"},
+                         {"-q"},
+                         {"-l", "5", "3"},
+                         {"-l", "a"},
+                         {"-b", "1", "2", "3"},
+                         {"-p", "10"},
+                         {"-p", "x", "y"},
+                         {"-e"},
+                         {"-t"},
+                         {"-t", "1,2,3"},
+                         {"-t", "10,0,1,4"},
+                         {"-m", "1,1"},
+                         {"-m", "1", "text"},
+                         {"-l", "-b", "1", "1"},
+                         {"-m"}};
   for (const words& line : lines) {
     Terminal t;
     t.run(line);
