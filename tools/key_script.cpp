@@ -64,6 +64,12 @@ key_step named_step(const std::string& name, const std::string& term) {
   give_up("no key <" + name + ">");
 }
 
+// Line breaks, and the blanks that indent the line behind.
+void leave_layout_out(std::string& script) {
+  for (size_t at = 0; (at = script.find('\n', at)) != std::string::npos;)
+    script.erase(at, script.find_first_not_of(" \t\n", at) - at);
+}
+
 }  // namespace
 
 [[noreturn]] void give_up(const std::string& message) {
@@ -81,7 +87,7 @@ int number_in(const std::string& text, int least, int most) {
 }
 
 std::vector<key_step> steps_of(std::string script, const std::string& term) {
-  script.erase(std::remove(script.begin(), script.end(), '\n'), script.end());
+  leave_layout_out(script);
   std::vector<key_step> steps;
   for (size_t at = 0; at < script.size();) {
     size_t end = script.find(script[at] == '<' ? '>' : '<', at);

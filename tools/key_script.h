@@ -18,8 +18,8 @@ struct key_step {
   int time;           // ms, of wait
 };
 
-// Plain text up to the next name is one step. Line breaks only lay the script out. The keys' bytes
-// are those of the description of the terminal `term`.
+// Plain text up to the next name is one step. Line breaks and the indents behind them only lay the
+// script out. The keys' bytes are those of the description of the terminal `term`.
 std::vector<key_step> steps_of(std::string script, const std::string& term);
 
 // The decimal number that is all of the text; ends the program when it is not from least to most.

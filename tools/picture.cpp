@@ -14,6 +14,7 @@ constexpr int cell_width = 9, cell_height = 18, margin = 9;  // SVG units
 constexpr int baseline = 14;                                 // from the top of the cell
 constexpr double middle_x = 4.5, middle_y = 9.5;             // on a pixel, so strokes are sharp
 constexpr char ink[] = "#e4e4e4", paper[] = "#1c1f26", cursor_color[] = "#ffb454";
+constexpr char edge[] = "#5b6270";  // shows where the picture ends on a dark page
 
 // Which edges of the cell a line character joins to its middle.
 enum { to_left = 1, to_right = 2, to_top = 4, to_bottom = 8 };
@@ -96,8 +97,9 @@ void add_text(std::string& svg, const Emulator& emulator, int row, int column, i
   while (column < end && blank(column)) ++column;
   while (column < end && blank(end - 1)) --end;
   if (column == end) return;
-  add(svg, "<text x=\"%d\" y=\"%d\" textLength=\"%d\" fill=\"%s\">", x_of(column),
-      y_of(row) + baseline, (end - column) * cell_width,
+  add(svg,
+      "<text x=\"%d\" y=\"%d\" textLength=\"%d\" lengthAdjust=\"spacingAndGlyphs\" fill=\"%s\">",
+      x_of(column), y_of(row) + baseline, (end - column) * cell_width,
       emulator.cell(row, column).reverse ? paper : ink);
   for (int at = column; at < end; ++at)
     if (uint32_t code = emulator.cell(row, at).code; code != 0) add_escaped(svg, code);
@@ -130,7 +132,7 @@ void add_cursor(std::string& svg, const Emulator& emulator) {
   if (!emulator.cursor_visible()) return;
   const VTermPos cursor = emulator.cursor();
   add(svg,
-      "<rect x=\"%d\" y=\"%d\" width=\"%d\" height=\"%d\" fill=\"%s\" fill-opacity=\"0.6\" "
+      "<rect x=\"%d\" y=\"%d\" width=\"%d\" height=\"%d\" fill=\"%s\" fill-opacity=\"0.45\" "
       "stroke=\"%s\"/>\n",
       x_of(cursor.col), y_of(cursor.row), cell_width, cell_height, cursor_color, cursor_color);
 }
@@ -155,11 +157,12 @@ std::string svg_picture(const Emulator& emulator) {
   std::string svg;
   add(svg,
       "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%d\" height=\"%d\" "
-      "viewBox=\"0 0 %d %d\">\n<rect width=\"%d\" height=\"%d\" rx=\"6\" fill=\"%s\"/>\n",
-      width, height, width, height, width, height, paper);
+      "viewBox=\"0 0 %d %d\">\n<rect x=\"0.5\" y=\"0.5\" width=\"%d\" height=\"%d\" rx=\"6\" "
+      "fill=\"%s\" stroke=\"%s\"/>\n",
+      width, height, width, height, width - 1, height - 1, paper, edge);
   add(svg,
       "<g font-family=\"DejaVu Sans Mono,Menlo,Consolas,monospace\" font-size=\"15\" "
-      "xml:space=\"preserve\" lengthAdjust=\"spacingAndGlyphs\">\n");
+      "xml:space=\"preserve\">\n");
   for (int row = 0; row < emulator.rows(); ++row) {
     for (int column = 0, end; column < emulator.columns(); column = end) {
       const screen_cell first = emulator.cell(row, column);

@@ -1,9 +1,10 @@
 #!/bin/sh
 # order.sh: an order on three screens, with help as a pop-up. Prints the order, or says why not.
+# ORDER_DATE=12/31/2026 examples/order/order.sh presets the date, which is today otherwise.
 here=$(cd "$(dirname "$0")" && pwd) || exit
 . "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
 
-ORDER_DATE=$(date +%m/%d/%Y)
+ORDER_DATE=${ORDER_DATE-$(date +%m/%d/%Y)}
 ORDER_PIECES=1
 export ORDER_DATE ORDER_PIECES
 
