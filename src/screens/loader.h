@@ -18,8 +18,8 @@ void make_table(char* fnames);
 // Opens the file of screen `curscreen`. Returns false when it cannot be opened.
 bool open_screen();
 
-// Reads on to the next directive and substitutes its line into cbuf. Returns false at the end of the
-// file.
+// Reads on to the next directive and substitutes its line into cbuf. Returns false at the end of
+// the file.
 bool next_directive();
 
 // The row of file_funcs that a line's directive has; -1: none.
