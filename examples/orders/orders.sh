@@ -1,0 +1,148 @@
+#!/bin/sh
+# orders.sh [FILE]: add, find and change customers in a database: the sqlite3 file FILE, without it
+# the PostgreSQL server that PGHOST names (cluster.sh starts one), else ./customers.db.
+here=$(cd "$(dirname "$0")" && pwd) || exit
+. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+
+key='integer primary key'
+case ${1-} in
+  /*) file=$1 ;;
+  ?*) file=$PWD/$1 ;;
+  *) file=$PWD/customers.db ;;
+esac
+[ -z "${1-}" ] && [ -n "${PGHOST-}" ] && file='' key='serial primary key'
+
+work=$(mktemp -d) || exit
+trap 'rm -rf "$work"' EXIT
+trap 'exit 130' INT TERM HUP
+cd "$here" || exit
+
+# Parts the columns of a row. Unlike a tab it keeps empty columns apart, and nobody can type it.
+unit=$(printf '\037')
+
+# What values are read and shown by, whatever the server's own settings are.
+PGOPTIONS="${PGOPTIONS-} -c standard_conforming_strings=on -c datestyle=iso"
+PGOPTIONS="$PGOPTIONS -c client_min_messages=warning"
+export PGOPTIONS
+
+# sql STATEMENT: runs it; the rows go to $work/rows, one a line, a line break in a value as a blank.
+# When the database refuses, shows what it says and returns 1.
+sql() {
+  if [ -n "$file" ]; then
+    sqlite3 -batch -ascii "$file" "$1"
+  else
+    psql -qAtwX0 -F "$unit" -c "$1"
+  fi >"$work/answer" 2>"$work/error" || {
+    scrim -e "$(head -n 1 "$work/error" | cut -c 1-56)"
+    return 1
+  }
+  tr '\n\036\000' ' \n\012' <"$work/answer" >"$work/rows"
+}
+
+# literal COLUMN VALUE: prints the value of a fragment so that it is safe in a statement, or nothing
+# if it has not the form that scrim gives to a value of this column.
+#
+# A fragment must not be pasted as it is: the value stands in it as it was typed, so the quote in
+# O'Brien would end the text, and what follows would be SQL. But its outer quotes are known, the
+# first and the last character. So all quotes are doubled, then one is taken off at both ends. A
+# backslash hides no quote: sqlite3 knows no such thing, PostgreSQL is told so above. Numbers and
+# dates are let through only if they are some; a date becomes what both databases read,
+# 'year-month-day' (sqlite3 has no to_date, PostgreSQL makes a day of year 1 BC of an empty one).
+literal() {
+  mask="'MM/DD/YYYY HH24 MI SS')"
+  day='\([0-9][0-9]\)/\([0-9][0-9]\)/\([0-9]\{4\}\)'
+  case $1 in
+    NAME | TOWN) form="s/'/''/g; s/^'\('.*'\)'\$/\1/p" ;;
+    CREDIT) form='s/^$/NULL/p; /^-\{0,1\}[0-9]\{1,\}\.\{0,1\}[0-9]*$/p' ;;
+    SINCE) form="/^NULL\$/p; s|^to_date('',$mask\$|NULL|p
+      s|^to_date('$day [0-9 ]*',$mask\$|'\3-\1-\2'|p" ;;
+    *) form=d ;;
+  esac
+  printf '%s\n' "$2" | LC_ALL=C sed -n "$form"
+}
+
+# Takes the fragments apart, into what a statement is made of: columns and values (insert),
+# conditions (where), assignments (update). Returns 1 at a value that is none.
+take_apart() {
+  columns='' values='' conditions='' assignments=''
+  while IFS= read -r line; do
+    column=${line%% *} value=${line#* } operator='='
+    case $value in
+      "like '"*) operator=like ;;
+      'IS NULL') operator=is ;;
+    esac
+    value=${value#like } value=${value#IS } value=${value#= }
+    value=$(literal "$column" "$value")
+    [ -n "$value" ] || return
+    columns="$columns${columns:+, }$column"
+    values="$values${values:+, }$value"
+    assignments="$assignments${assignments:+, }$column = $value"
+    case "$operator $value" in
+      "like ''" | '= NULL') ;; # typed and deleted again: looks for nothing
+      *) conditions="$conditions and $column $operator $value" ;;
+    esac
+  done <"$work/fragments"
+}
+
+# ask OPTION SCREEN: shows a form that writes fragments. Returns 1 if there is nothing to be done.
+ask() {
+  scrim_read -- "$1$work/fragments" -f "$2" || exit
+  [ "$RETN" = ok ] || return
+  take_apart && return
+  scrim -e "This is no value for $column, nothing was done."
+  return 1
+}
+
+add() {
+  ask -A entry.scrim || return
+  sql "insert into customers ($columns) values ($values) returning id" || return
+  message="Stored as customer $(cat "$work/rows")."
+}
+
+search() {
+  ask -W find.scrim || return
+  sql "select id, name, town,
+      substr(day, 6, 2) || '/' || substr(day, 9, 2) || '/' || substr(day, 1, 4), credit
+    from (select *, cast(since as text) as day from customers) as dated
+    where true $conditions order by name, id" || return
+  if [ ! -s "$work/rows" ]; then
+    message='Nobody was found.'
+    return
+  fi
+  while IFS=$unit read -r id name town since credit; do
+    printf '%-26.26s %-20.20s %-10.10s %12.12s\n' "$name" "$town" "$since" "$credit"
+  done <"$work/rows" >"$work/list"
+  FOUND=$work/list POSITION=1,0
+  export FOUND
+  scrim_read POSITION -- -f found.scrim || exit
+  [ "$RETN" = change ] && change "${POSITION%,*}"
+}
+
+# change NUMBER: the row of that number among those found. A colon would end the item in the screen
+# file and is shown as a blank; only a field that the user changes is written, so the row keeps it.
+change() {
+  IFS=$unit read -r id CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT <<END
+$(sed -n "$1{y/:/ /;p;}" "$work/rows")
+END
+  export CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT
+  ask -U change.scrim || return
+  message='Nothing was changed.'
+  [ -n "$assignments" ] || return
+  sql "update customers set $assignments where id = $id returning id" || return
+  [ -s "$work/rows" ] && message="Customer $id is changed."
+}
+
+sql "create table if not exists customers (id $key, name varchar(60) not null,
+  town varchar(40), since date, credit numeric(10,2))" || exit
+while :; do
+  clear >&2
+  scrim -m 5,1 'Customers'
+  scrim -m 5,9 "$message"
+  message=''
+  scrim_read -- -l -b 5 3 'Add a customer' 'Find customers' 'Quit' || exit
+  case $SCRIM in
+    0) add ;;
+    1) search ;;
+    *) clear >&2 && exit 0 ;;
+  esac
+done

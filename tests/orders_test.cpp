@@ -1,0 +1,60 @@
+// The customers' example with real databases: what is typed into its forms is what the table holds.
+
+#include "tests/terminal.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace scrim {
+namespace {
+
+const std::string example = SCRIM_SOURCE "/examples/orders/";
+// What is waited for, since a database may take its time, and what is typed then.
+const std::string steps[][2] = {
+    {"Add a customer", "A\r"},
+    {"New customer", "x'); drop table customers; --\tc/o: $(exit)\t1/31/1999\t12.25\n"},
+    {"Stored as customer 1.", "A\r"},
+    {"New customer", "O'Brien's\n"},
+    {"Stored as customer 2.", "F\r"},
+    {"Find customers", "x'%\t\t1/31/1999\t12.25\n"},
+    {"│ │ x'); drop table customers; c/o: $(exit)         01/31/1999", "\n"},
+    {"Change a customer", "!'\t\t" + std::string(10, '\177') + "\n"},
+    {"Customer 1 is changed.", "A\r"},
+    {"New customer", "Nobody\t\t\t1-1\n"},
+    {"This is no value for CREDIT", "x"},
+    {"Add a customer", "Q\r"},
+};
+
+void expect_stored(Terminal& t, const std::string& sql) {
+  t.env("TMPDIR", t.path("."));
+  t.command({"sh", "-c", example + "orders.sh;" + sql + " 'select * from customers order by 1'"});
+  for (const auto& [shown, typed] : steps) {
+    t.emulator.await_key(20, 10000);
+    t.expect_shown(shown);
+    t.type(typed);
+  }
+  t.expect_exit(0, "1|x'); drop table customers; --!'|c/o: $(exit)||12.25\n2|O'Brien's|||\n");
+}
+
+TEST(Orders, InSqlite) {
+  Terminal t;
+  expect_stored(t, "sqlite3 customers.db");
+}
+
+TEST(Orders, InPostgres) {
+  Terminal t;
+  // The server of root runs as somebody else, who has to get to its directory.
+  std::filesystem::permissions(t.path("."), std::filesystem::perms(0711));
+  const int status = std::system((example + "cluster.sh start " + t.path("server")).c_str());
+  if (WEXITSTATUS(status) == 127) GTEST_SKIP() << "PostgreSQL is not installed";
+  ASSERT_EQ(status, 0);
+  t.env("PGHOST", t.path("server"));
+  expect_stored(t, "psql -qAtXc");
+  EXPECT_EQ(std::system((example + "cluster.sh stop " + t.path("server")).c_str()), 0);
+}
+
+}  // namespace
+}  // namespace scrim
