@@ -25,13 +25,6 @@ TEST(Examples, CustomerIsPrintedAsEntered) {
                 "Since:  1/2/99\nCredit: 42.5\nPassword of 2 characters\n");
 }
 
-TEST(Examples, CustomerCancelled) {
-  Terminal t;
-  t.command({example("customer/customer.sh")});
-  t.type("Smith\033");
-  t.expect_exit(0, "Nothing saved (cancel).\n");
-}
-
 // The missing name is on the first page, the button that asks for it on the last one.
 TEST(Examples, OrderIsCheckedOverAllPages) {
   Terminal t;
