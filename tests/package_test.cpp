@@ -20,10 +20,14 @@ TEST(Package, WorksWhereItIsUnpacked) {
   ASSERT_EQ(std::system(unpack.c_str()), 0);
 
   for (const char* name :
-       {"man/man1/scrim.1", "man/man5/scrim-screen.5", "bash-completion/completions/scrim",
+       {"man/man1/scrim.1", "man/man1/scrim-check.1", "man/man1/scrim-drive.1",
+        "man/man5/scrim-screen.5", "bash-completion/completions/scrim",
         "zsh/vendor-completions/_scrim", "fish/vendor_completions.d/scrim.fish",
         "vim/vimfiles/syntax/scrim.vim", "scrim/scrim.sh", "doc/scrim/examples/order/who.scrim"})
     EXPECT_TRUE(std::filesystem::is_regular_file(root + "/usr/share/" + name)) << name;
+
+  for (const char* name : {"scrim", "scrim-check", "scrim-drive"})
+    EXPECT_TRUE(std::filesystem::is_regular_file(root + "/usr/bin/" + name)) << name;
 
   // An example needs its own screen files, the library beside the program, and the program.
   t.command({"sh", "-c",

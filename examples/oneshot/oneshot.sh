@@ -18,14 +18,14 @@ count_words() {
   scrim -m "27,13" "$words words in $lines lines."
 }
 
-clear
+clear >&2
 while :; do
   scrim -m "5,1" 'What shall be done?'
   scrim_read -- -l -b 5 3 'Count words' 'Make an error' 'Quit' || exit
-  clear
+  clear >&2
   case $SCRIM in
     0) count_words ;;
-    1) scrim -e "There is no file /none: it was never made." && clear ;;
+    1) scrim -e "There is no file /none: it was never made." && clear >&2 ;;
     *) exit 0 ;;
   esac
 done

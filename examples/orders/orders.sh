@@ -134,6 +134,7 @@ END
 
 sql "create table if not exists customers (id $key, name varchar(60) not null,
   town varchar(40), since date, credit numeric(10,2))" || exit
+message=''
 while :; do
   clear >&2
   scrim -m 5,1 'Customers'

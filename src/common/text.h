@@ -12,6 +12,9 @@ namespace scrim {
 constexpr std::size_t scratch_size = 1024;  // bytes of a scratch buffer, its NUL included
 constexpr int coordinate_limit = 32767;  // columns, rows and sizes from outside stay within +-this
 
+constexpr int layout_columns = 80;  // the screen that windows and bars are centred on
+constexpr int layout_rows = 24;
+
 extern char cbuf[scratch_size];  // the current screen-file line; the driver's result line; bars
 extern char tbuf[scratch_size];  // substituted text, formatted messages and output lines
 extern char lbuf[scratch_size];  // a button's label while it is built
@@ -26,6 +29,10 @@ void copy_text(char (&to)[size], std::string_view from) {
   if (n > 0) std::memmove(to, from.data(), n);
   to[n] = 0;
 }
+
+// A letter in the other case; any other key as it is. Only the letters of ASCII have one.
+constexpr int upper_case(int key) { return key >= 'a' && key <= 'z' ? key - 'a' + 'A' : key; }
+constexpr int lower_case(int key) { return key >= 'A' && key <= 'Z' ? key - 'A' + 'a' : key; }
 
 // Reads decimal integers with one separator after each but the last: "1,2,8/30" with ",,/" gives
 // four. Writes strlen(separators) + 1 numbers, those missing as 0, each kept within +-limit.

@@ -133,7 +133,7 @@ static const kind_row* row_of(const gadget_list& gadget) {
   return nullptr;
 }
 
-static const area whole_screen = {0, 0, 80, 24};  // which windows are made for
+static const area whole_screen = {0, 0, layout_columns, layout_rows};  // which windows are made for
 
 static area window_of(const per_screen& screen) {
   return {screen.windx, screen.windy, screen.windw, screen.windh};

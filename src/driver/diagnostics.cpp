@@ -5,8 +5,8 @@
 
 #include "common/text.h"
 #include "term/capabilities.h"
-#include "term/drawing.h"
 #include "term/keys.h"
+#include "term/leaving.h"
 #include "term/tty.h"
 
 #include <cstdio>
@@ -14,11 +14,11 @@
 
 namespace scrim {
 
-struct string_row {
+struct dump_row {
   const char* label;
   char** string;
 };
-static const string_row strings[] = {
+static const dump_row strings[] = {
     {"T_KEYUP", &T_KEYUP},   {"T_KEYDN", &T_KEYDN},     {"T_KEYLT", &T_KEYLT},
     {"T_KEYRT", &T_KEYRT},   {"T_KEYDL", &T_KEYDL},     {"T_KEYBS", &T_KEYBS},
     {"T_KEYNP", &T_KEYNP},   {"T_KEYPP", &T_KEYPP},     {"T_ALTON", &T_ALTON},
@@ -50,9 +50,7 @@ void key_test() {
   }
   printf("Key = ESCAPE\n\r%d lines\n\r", T_LINES);
   fflush(stdout);
-  sposition(0, T_LINES - 1);
-  restore_ttymode();
-  exit(0);
+  win_exit(0);
 }
 
 int dumpit(const char* s, const char* cp, int n) {
@@ -83,7 +81,7 @@ void capability_dump() {
   } else {
     puts("Not Graphics capable");
   }
-  for (const string_row& row : strings)
+  for (const dump_row& row : strings)
     dumpit(row.label, *row.string, *row.string ? static_cast<int>(std::strlen(*row.string)) : 0);
   exit(0);
 }

@@ -33,7 +33,6 @@ struct form_state {
 static const int checkboxes = GF_CHECKBOX | GF_XCHECKBOX;
 static const int with_default_action = GF_ETEXT | checkboxes | GF_SWIN | GF_POPLIST;
 static const int look_flags = GF_BUTTON | GF_PASSWORD;  // of the flags, those that `stand` knows
-static const int first_entry = 4;  // of a pop list's words; from the third on they are a pick list
 
 static bool is_active(int kind) { return curscrn->blp && kind_of(*curscrn->blp) == kind; }
 
@@ -118,9 +117,9 @@ static int entry_equal_to(char** entries, const char* text) {
 static bool open_list(form_state& form, int) {
   if (!is_active(GF_POPLIST)) return false;
   gadget_list& field = *curscrn->blp;
-  char** entries = field.list + first_entry;
+  char** entries = field.list + poplist_entries;
   const int shown = entry_equal_to(entries, field.text);
-  largv = field.list + 2;
+  largv = field.list + poplist_column;
   stand(form.oldbx, form.oldby, " ", ATT_BRACKET, 1);
   const int picked = do_list(1, shown);
   if (picked >= 0) copy_text(field.text, entries[picked]);
@@ -135,14 +134,11 @@ static int entry_beginning_with(char** entries, std::string_view text) {
   return 0;
 }
 
-// The next entry, or for a letter the next one that begins with it.
-static int next_entry(char** entries, int from, int key) {
-  auto after = [=](int entry) { return entries[entry + 1] ? entry + 1 : 0; };
-  int entry = after(from);
-  if (key >= 'a' && key <= 'z') key -= 'a' - 'A';
-  if (key >= 'A' && key <= 'Z')
-    while (entry != from && *entries[entry] != key) entry = after(entry);
-  return entry;
+// A letter leads to the next entry that begins with it, any other key to the next one.
+static int typed_entry(char** entries, int from, int key) {
+  key = upper_case(key);
+  if (key >= 'A' && key <= 'Z') return next_by_letter(entries, from, key);
+  return entries[from + 1] ? from + 1 : 0;
 }
 
 static bool type_on_list(form_state& form, int key) {
@@ -152,9 +148,9 @@ static bool type_on_list(form_state& form, int key) {
     return false;
   }
   gadget_list& field = *curscrn->blp;
-  char** entries = field.list + first_entry;
+  char** entries = field.list + poplist_entries;
   copy_text(field.text,
-            entries[next_entry(entries, entry_beginning_with(entries, field.text), key)]);
+            entries[typed_entry(entries, entry_beginning_with(entries, field.text), key)]);
   field.flags |= GF_MODIFIED;
   stand(field.x, field.y, field.text, ATT_BRACKET, field.w);
   return false;
@@ -270,7 +266,7 @@ static bool click(form_state& form, int key) {
 // Typing.
 
 static bool press_hot_key(form_state& form, int key) {
-  if (key >= 'A' && key <= 'Z') key += 'a' - 'A';
+  key = lower_case(key);
   for (const gadget_list* gadget = curscrn->gadget_lp; gadget; gadget = gadget->next)
     if (gadget->hotkey && gadget->hotkey == key) return press(form, *gadget);
   return false;
@@ -316,11 +312,11 @@ static bool select_here(form_state& form, int key) {
 
 static bool ignore(form_state&, int) { return false; }
 
-struct key_row {
+struct form_key {
   int key;
   bool (*action)(form_state&, int key);
 };
-static const key_row keys[] = {
+static const form_key keys[] = {
     {XKEY_UP, go_up},           {key_ctrl_u, go_up},
     {XKEY_DOWN, go_down},       {key_ctrl_d, go_down},
     {XKEY_LEFT, go_left},       {key_ctrl_l, go_left},
@@ -336,7 +332,7 @@ static const key_row keys[] = {
 };
 
 static bool act(form_state& form, int key) {
-  for (const key_row& row : keys)
+  for (const form_key& row : keys)
     if (row.key == key) return row.action(form, key);
   return type_key(form, key);
 }

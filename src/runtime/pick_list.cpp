@@ -13,6 +13,16 @@ namespace scrim {
 
 static const int widest_entry = 39;  // columns of an entry that are shown
 
+int next_by_letter(char** entries, int from, int key) {
+  key = upper_case(key);
+  if (key < 'A' || key > 'Z') return from;
+  int entry = from;
+  do {
+    entry = entries[entry + 1] ? entry + 1 : 0;
+  } while (entry != from && *entries[entry] != key);
+  return entry;
+}
+
 struct pick_list {
   char** entries;
   int count;
@@ -79,13 +89,7 @@ static bool move_down(pick_list& list, int) {
 }
 
 static bool search(pick_list& list, int key) {
-  if (key >= 'a' && key <= 'z') key -= 'a' - 'A';
-  if (key < 'A' || key > 'Z') return false;
-  int entry = list.selected;
-  do {
-    entry = (entry + 1) % list.count;
-  } while (entry != list.selected && *list.entries[entry] != key);
-  select(list, entry);
+  select(list, next_by_letter(list.entries, list.selected, key));
   return false;
 }
 
@@ -111,11 +115,11 @@ static bool take_clicked(pick_list& list, int) {
   return true;
 }
 
-struct key_row {
+struct list_key {
   int key;
   bool (*action)(pick_list&, int key);
 };
-static const key_row keys[] = {
+static const list_key keys[] = {
     {XKEY_UP, move_up},      {key_ctrl_u, move_up},      {XKEY_DOWN, move_down},
     {key_ctrl_d, move_down}, {' ', move_down},           {key_line_feed, take},
     {key_return, take},      {key_tab, leave_by_tab},    {key_escape, cancel},
@@ -123,7 +127,7 @@ static const key_row keys[] = {
 };
 
 static bool act(pick_list& list, int key) {
-  for (const key_row& row : keys)
+  for (const list_key& row : keys)
     if (row.key == key) return row.action(list, key);
   return search(list, key);
 }

@@ -7,6 +7,10 @@ namespace scrim {
 // Results of do_list other than the index of an entry.
 enum { list_left_by_tab = -2, list_cancelled = -3 };
 
+// The next entry after `from` that begins with the letter `key` as a capital, wrapping after the
+// last; `from` itself when no other does, or when the key is no letter.
+int next_by_letter(char** entries, int from, int key);
+
 // Shows the list of `largv` (column, row, then at least one entry) and lets the user pick.
 // `f` is 1 for a frame around it, drawn at the given position with the entries inside; `csel` is
 // the entry highlighted first. Returns the index of the entry picked, or one of the codes above.

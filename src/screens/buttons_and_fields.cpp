@@ -28,8 +28,6 @@ struct label {
   char hotkey;  // 0: none marked
 };
 
-static char lower_case(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-
 // Builds the label of `item` in lbuf: brackets around it, an underscore turned into a mark on the
 // character after it. An underscore with nothing after it marks nothing.
 static label build_label(std::string_view item) {
@@ -45,7 +43,7 @@ static label build_label(std::string_view item) {
     char c = item[i];
     if (c == '_') {
       if (++i == item.size()) break;
-      built.hotkey = lower_case(item[i]);
+      built.hotkey = static_cast<char>(lower_case(item[i]));
       c = static_cast<char>(item[i] | 0x80);
     }
     *to++ = c;

@@ -1,4 +1,5 @@
-// screens/checkboxes: the directives of checkboxes; the exclusive ones of a screen form one chain.
+// screens/checkboxes: the directives of checkboxes.
+// The exclusive ones of a screen form one chain, in which ticking one clears the others.
 
 #include "common/text.h"
 #include "screens/directives.h"

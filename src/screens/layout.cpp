@@ -39,7 +39,7 @@ int f_pop() {
   const char* at = first_item(cbuf);
   next_numbers(at, ",", size);
   s_screen[curscreen].screentype = is_option(at ? at : "", "clear") ? ST_POP | ST_CLEAR : ST_POP;
-  return screen_core((80 - size[0]) / 2, (24 - size[1]) / 2, size[0], size[1]);
+  return screen_core((layout_columns - size[0]) / 2, (layout_rows - size[1]) / 2, size[0], size[1]);
 }
 
 int f_name() {

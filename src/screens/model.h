@@ -105,6 +105,15 @@ struct per_screen {
   bool drawn;                   // the first painting has been
 };
 
+// Words of a pop list's vector: the items of its line, with its column and row in the place of two.
+// From the column on they are those of a pick list.
+enum {
+  poplist_place = 1,  // its position, as the line gives it
+  poplist_column = 2,
+  poplist_row = 3,
+  poplist_entries = 4  // the first of them
+};
+
 constexpr int stack_slots = 24;  // the bottom one stays null
 
 extern per_screen* s_screen;  // the screen table

@@ -228,12 +228,13 @@ static std::size_t split_items(char* line, char** items) {
 }
 
 int f_poplist() {
-  enum { position_item = 1, text_item, name_item, first_entry, fewest_items = 6 };
+  const int text_item = 2, name_item = 3;  // until the place of the list takes theirs
+  const std::size_t fewest_items = 6;
   per_screen& screen = s_screen[curscreen];
   screen.gadgetc++;
   const std::string_view line = cbuf;
   const auto count = static_cast<std::size_t>(std::count(line.begin(), line.end(), ':')) + 1;
-  const std::size_t room = std::max<std::size_t>(count, fewest_items) + 1;
+  const std::size_t room = std::max(count, fewest_items) + 1;
   auto** list = static_cast<char**>(allocate(room * sizeof(char*), no_memory_for_list, 2));
   auto* copy = static_cast<char*>(allocate(line.size() + 1, no_memory_for_list, 2));
   line.copy(copy, line.size());
@@ -241,7 +242,7 @@ int f_poplist() {
   if (count < fewest_items) end_with("Not enough parameters for popup list", 2);
 
   int position[2];
-  read_numbers(list[position_item], ",", position);
+  read_numbers(list[poplist_place], ",", position);
   gadget_list* field = CreateGadget();
   field->flags = GF_POPLIST;
   field->x = screen.windx + position[0];
@@ -249,10 +250,10 @@ int f_poplist() {
   field->w = field->m = static_cast<int>(longest) + 2;
   field->h = 1;
   field->list = list;
-  copy_text(field->text, list[*list[text_item] ? text_item : first_entry]);
+  copy_text(field->text, list[*list[text_item] ? text_item : poplist_entries]);
   copy_text(field->op, list[name_item]);
-  list[2] = decimal_word(field->x);
-  list[3] = decimal_word(field->y);
+  list[poplist_column] = decimal_word(field->x);
+  list[poplist_row] = decimal_word(field->y);
   return 0;
 }
 

@@ -72,13 +72,13 @@ static char* termcap_string(const char* name) {
   return std::strlen(found) < room ? tgetstr(const_cast<char*>(name), &capept) : nullptr;
 }
 
-struct string_row {
+struct string_capability {
   char* terminfo;       // as terminfo describes it
   const char* termcap;  // its termcap name
   char** destination;
 };
 
-struct key_row {
+struct key_capability {
   char* terminfo;
   const char* termcap;
   const char* fallback;  // termcap name taken when the first is absent or empty
@@ -87,12 +87,12 @@ struct key_row {
 // The rows are laid out when the library has the terminal's description, which it keeps as one
 // table of strings in either mode.
 static void load_keys() {
-  const key_row keys[] = {
+  const key_capability keys[] = {
       {key_up, "ku", nullptr},    {key_down, "kd", nullptr}, {key_left, "kl", nullptr},
       {key_right, "kr", nullptr}, {key_dc, "kD", nullptr},   {key_backspace, "kb", nullptr},
       {key_npage, "PD", "kN"},    {key_ppage, "PU", "kP"},
   };
-  const key_row functions[] = {
+  const key_capability functions[] = {
       {key_f0, "k1", nullptr},  {key_f1, "k2", nullptr},  {key_f2, "k3", nullptr},
       {key_f3, "k4", nullptr},  {key_f4, "k5", nullptr},  {key_f5, "k6", nullptr},
       {key_f6, "k7", nullptr},  {key_f7, "k8", nullptr},  {key_f8, "k9", nullptr},
@@ -103,16 +103,16 @@ static void load_keys() {
       {key_f21, "FC", nullptr}, {key_f22, "FD", nullptr}, {key_f23, "FE", nullptr},
       {key_f24, "FF", nullptr},
   };
-  auto load = [](const key_row& row) -> const char* {
+  auto load = [](const key_capability& row) -> const char* {
     if (!use_termcap) return present(row.terminfo);
     const char* found = termcap_string(row.termcap);
     const bool missing = !found || !*found;
     return missing && row.fallback ? termcap_string(row.fallback) : found;
   };
   const char** slot = xkey_incodes;
-  for (const key_row& row : keys) *slot++ = load(row);
+  for (const key_capability& row : keys) *slot++ = load(row);
   slot = xkey_incodes + slot_function;
-  for (const key_row& row : functions) *slot++ = load(row);
+  for (const key_capability& row : functions) *slot++ = load(row);
 
   const char*& backspace = xkey_incodes[slot_backspace];
   if (use_termcap && (!backspace || !*backspace)) backspace = "\x08";
@@ -128,7 +128,7 @@ static void load_fixed_keys() {
 }
 
 static void load_strings() {
-  const string_row rows[] = {
+  const string_capability rows[] = {
       {clear_screen, "cl", &T_CLEAR},
       {cursor_up, "up", &T_UP},
       {cursor_down, "do", &T_DN},
@@ -145,7 +145,7 @@ static void load_strings() {
       {keypad_xmit, "ks", &T_KEYXMIT},
       {keypad_local, "ke", &T_KEYLOCAL},
   };
-  for (const string_row& row : rows)
+  for (const string_capability& row : rows)
     *row.destination = use_termcap ? termcap_string(row.termcap) : present(row.terminfo);
 }
 

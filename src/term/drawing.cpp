@@ -17,6 +17,7 @@
 
 namespace scrim {
 
+// The gadget flags whose kinds show brackets: fields, checkboxes, passwords, pop lists.
 static const int bracketed_kinds = 0x004 | 0x008 | 0x010 | 0x020 | 0x800;
 static const int piece = 79;  // characters that one write of a text field takes
 
@@ -160,7 +161,7 @@ static int filled_cells(int wid, int curr, int tot) {
 }
 
 int do_therm(int y, int wid, int curr, int tot) {
-  const int left = (80 - wid) / 2;
+  const int left = (layout_columns - wid) / 2;
   stand(left, y + 1, "0", 0, 1);
   for (int percent = 25; percent <= 100; percent += 25) {
     const int length = snprintf(cbuf, sizeof cbuf, "%d", percent);

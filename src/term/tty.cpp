@@ -28,7 +28,7 @@ int ftimeout = 1;
 char* T_KEYXMIT = nullptr;
 char* T_KEYLOCAL = nullptr;
 
-// Positions and bits of the System V settings record, which differ from those of termios.
+// Positions in the control characters of the System V settings record.
 enum { vtime_index = 5, vmin_index = 6 };
 
 static bool keypad_transmits = false;
