@@ -34,7 +34,9 @@ seventeen columns # text leaves the window | endtext: | -- | fulls
 text: | ab     cd | endtext: | checkbox:8,2:_:H
 checkbox:6,2:_:I # checkbox overlaps the text of line 3
 swin:19,5,9,3:a | text: |  |  |  |                abcdefghi | endtext:
-btext:70,1 # the attached text leaves the window | 1234567890 | endtext:)",
+btext:70,1 # the attached text leaves the window | 1234567890 | endtext:
+etext:30,15,3::T:NUMBR # unknown type 'NUMBR' | etext:30,16,3::U:CHAR:Y # 'Y' where only N means something
+etext:30,17,3::b c # variable 'b c' is no name for a shell)",
     R"(name:m | fulls | bdefault:^no # no screen of the list has the name 'no' | etext:1,1,9::A::N
 pbutton:1,2:Go:>M # no screen of the list has the name 'M' | -- | fulls
 name:m # screen name m is that of a:1 too | checkbox:2,2:_:A # variable A is that of a:4 too

@@ -25,6 +25,7 @@ const std::string steps[][2] = {
     {"Customer 1 is changed.", "A\r"},
     {"New customer", "Nobody\t\t\t1-1\n"},
     {"This is no value for CREDIT", "x"},
+    {"[Nobody", "\030"},
     {"Add a customer", "Q\r"},
 };
 

@@ -93,8 +93,27 @@ ask() {
   return 1
 }
 
+# keep_typed: what was typed, for the form to begin with when it is shown again; a colon would end the
+# item there.
+keep_typed() {
+  while IFS= read -r line; do
+    typed=$(printf '%s\n' "${line#* }" | sed "s/^to_date('\([^']*\)'.*/\1/; s/^'\(.*\)'\$/\1/; y/:/ /")
+    case ${line%% *} in
+      NAME) CUSTOMER_NAME=$typed ;;
+      TOWN) CUSTOMER_TOWN=$typed ;;
+      SINCE) CUSTOMER_SINCE=$typed ;;
+      CREDIT) CUSTOMER_CREDIT=$typed ;;
+    esac
+  done <"$work/fragments"
+}
+
 add() {
-  ask -A entry.scrim || return
+  CUSTOMER_NAME='' CUSTOMER_TOWN='' CUSTOMER_SINCE='' CUSTOMER_CREDIT=''
+  export CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT
+  until ask -A entry.scrim; do
+    [ "$RETN" = ok ] || return
+    keep_typed
+  done
   sql "insert into customers ($columns) values ($values) returning id" || return
   message="Stored as customer $(cat "$work/rows")."
 }

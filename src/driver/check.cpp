@@ -205,6 +205,19 @@ static void check_attached(int line, const save_text& block) {
 static void check_atext(int line) { check_attached(line, *atext); }
 static void check_btext(int line) { check_attached(line, *btext); }
 
+// The items of an edit field that its record does not keep: an unknown type or option adds nothing.
+static void check_field(int line) {
+  const char* at = first_item(cbuf);
+  for (int passed = 0; passed < 3; passed++) next_item(at);
+  const std::string_view type = next_item(at), option = next_item(at);
+  const bool known = (s_screen[curscreen].blp->dbtype & DBT_TYPEMASK) != 0;
+  if (!type.empty() && !known)
+    report(curscreen, line, "unknown type '%.*s'", static_cast<int>(type.size()), type.data());
+  if (!option.empty() && option != "N")
+    report(curscreen, line, "'%.*s' where only N means something", static_cast<int>(option.size()),
+           option.data());
+}
+
 static void check_position(int line) {
   const gadget_list& swin = *s_screen[curscreen].last_swin;
   if (swin.swiny < 1 || swin.swiny > swin.h - 2)
@@ -238,8 +251,8 @@ static const rule rules[] = {
     {"dbutton:", in_window, nullptr, nullptr},
     {"pbutton:", in_window, "X,Y", nullptr},
     {"dpbutton:", in_window, "X,Y", nullptr},
-    {"etext", in_window, "X,Y,W/M", nullptr},
-    {"detext", in_window, "X,Y,W/M", nullptr},
+    {"etext", in_window, "X,Y,W/M", check_field},
+    {"detext", in_window, "X,Y,W/M", check_field},
     {"checkbox", in_window, "X,Y", nullptr},
     {"dcheckbox", in_window, "X,Y", nullptr},
     {"xcheckbox", in_window, "X,Y", nullptr},
@@ -341,12 +354,21 @@ static void finish_scroll_window(const gadget_list* last) {
   screen.blp->flags = GF_SWIN;
 }
 
+static bool is_shell_name(std::string_view name) {
+  static const char characters[] =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_0123456789";
+  return name.find_first_not_of(characters) == std::string_view::npos &&
+         !(name[0] >= '0' && name[0] <= '9');
+}
+
 // A gadget by itself, in the window that it was declared in.
 static void check_gadget(const declaration& it) {
   const gadget_list& gadget = *it.gadget;
   const kind_row* row = row_of(gadget);
   if (!row) return;
   if (row->without_op && !*gadget.op) report(it.screen, it.line, "%s", row->without_op);
+  if (row->kind != GF_BUTTON && *gadget.op && !is_shell_name(gadget.op))
+    report(it.screen, it.line, "variable '%s' is no name for a shell", gadget.op);
   const std::string_view label = gadget.text;
   if (row->kind == GF_BUTTON && (label.empty() || label == "()" || label == "<>"))
     report(it.screen, it.line, "button without a label");
