@@ -12,19 +12,27 @@ namespace {
 
 const char form[] = "fulls:clear\netext:10,3,20:${V}:A:CHAR\nbutton:_OK:ok\n";
 
-// Half of them ignore the hang-up, as under nohup: the read that fails has to end those.
+// How long a program that waits for a key lives on without its terminal, in ms.
+int64_t time_to_end(const std::string& line) {
+  Terminal t;
+  t.file("a.scrim", form);
+  t.command({"/bin/sh", "-c", line});
+  EXPECT_FALSE(t.emulator.ended()) << line;
+  const int64_t start = milliseconds();
+  t.emulator.hang_up();
+  while (!t.emulator.ended() && milliseconds() < start + 2000) t.emulator.pump(5);
+  return milliseconds() - start;
+}
+
+// Half of them ignore the hang-up, as under nohup: the read that fails has to end those. What a
+// busy machine takes is not the program's: the fastest of a few counts.
 TEST(Faults, ALostTerminalEndsTheProgramAtOnce) {
-  for (const char* mode : {"-f a.scrim", "-l 5 3 a b", "-e message", "-d"}) {
-    for (const char* trap : {"", "trap '' HUP; "}) {
-      Terminal t;
-      t.file("a.scrim", form);
-      t.command({"/bin/sh", "-c", std::string(trap) + "exec scrim " + mode});
-      ASSERT_FALSE(t.emulator.ended());
-      const int64_t start = milliseconds();
-      t.emulator.hang_up();
-      while (!t.emulator.ended() && milliseconds() < start + 2000) t.emulator.pump(5);
-      EXPECT_TRUE(t.emulator.ended()) << mode;
-      EXPECT_LT(milliseconds() - start, 200) << trap << mode;
+  for (const std::string mode : {"-f a.scrim", "-l 5 3 a b", "-e message", "-d"}) {
+    for (const std::string trap : {"", "trap '' HUP; "}) {
+      int64_t fastest = 2000;
+      for (int i = 0; i < 3 && fastest >= 200; i++)
+        fastest = std::min(fastest, time_to_end(trap + "exec scrim " + mode));
+      EXPECT_LT(fastest, 200) << trap << mode;
     }
   }
 }
