@@ -52,12 +52,4 @@ TEST(Keys, NothingTypedIsLostWhenNoKeyMatches) {
   }
 }
 
-TEST(Keys, EndOfInputEndsTheProgram) {
-  Terminal t;
-  t.file("s", "etext:2,2,40::V\n");
-  t.input("ab");
-  t.run({"-f", "s"});
-  t.expect_exit(4, "");
-}
-
 }  // namespace scrim

@@ -139,43 +139,26 @@ TEST(Modes, KeypadIsSwitchedOnlyWhereKeysAreRead) {
   EXPECT_NE(reading.raw().find("\033[?1l\033>"), std::string::npos);
 }
 
-TEST(Modes, TerminalsWithoutLineDrawingGetPlainFrames) {
+// Two columns wide there is no room between the sides; a frame of one column is none.
+TEST(Modes, FramesTakeTheTerminalsOwnCharacters) {
   struct {
     const char* term;
-    const char* top;
-    const char* side;
-    const char* bottom;
+    words line;
+    const char* picture;
   } const cases[] = {
-      {"scrim-halfacs", " +--+", " |  |", " +--+"},
-      {"scrim-ownacs", " /==\\", " !  !", " \\==/"},
-      {"scrim-cookie", " +--+", " |  |", " +--+"},
+      {"scrim-halfacs", {"-b", "1", "1", "4", "3"}, "\n +--+\n |  |\n +--+\n"},
+      {"scrim-cookie", {"-b", "1", "1", "4", "3"}, "\n +--+\n |  |\n +--+\n"},
+      {"scrim-ownacs", {"-b", "1", "1", "4", "3"}, "\n /==\\\n !  !\n \\==/\n"},
+      {"scrim-gcaps", {"-T", "-b", "1", "1", "4", "3"}, "\n /==\\\n |  |\n \\==+\n"},
+      {"scrim-plain", {"-b", "0", "1", "2", "2"}, "\n++\n++\n\n"},
+      {"scrim-plain", {"-b", "0", "1", "1", "3"}, "\n\n\n\n"},
   };
   for (const auto& c : cases) {
     Terminal t({.term = c.term});
-    t.run({"-b", "1", "1", "4", "3"});
-    t.expect_row(1, c.top);
-    t.expect_row(2, c.side);
-    t.expect_row(3, c.bottom);
+    t.run(c.line);
+    t.expect_screen(1, c.picture);
     t.expect_exit(0, "");
   }
-  Terminal termcap({.term = "scrim-gcaps"});
-  termcap.run({"-T", "-b", "1", "1", "4", "3"});
-  termcap.expect_row(1, " /==\\");
-  termcap.expect_row(2, " |  |");
-  termcap.expect_row(3, " \\==+");
-  termcap.expect_exit(0, "");
-}
-
-// Two columns wide there is no room between the sides, one row high the edges coincide.
-TEST(Modes, SmallestFrames) {
-  Terminal narrow({.term = "scrim-plain"});
-  narrow.run({"-b", "0", "0", "2", "2"});
-  narrow.expect_screen(0, "\n++\n++\n");
-  narrow.expect_exit(0, "");
-  Terminal nothing({.term = "scrim-plain"});
-  nothing.run({"-b", "0", "0", "1", "5"});
-  nothing.expect_exit(0, "");
-  EXPECT_EQ(nothing.raw().find('+'), std::string::npos);
 }
 
 TEST(Modes, ReverseSwitchChoosesTheStandoutString) {

@@ -89,7 +89,8 @@ static bool move_down(pick_list& list, int) {
 }
 
 static bool search(pick_list& list, int key) {
-  select(list, next_by_letter(list.entries, list.selected, key));
+  const int entry = next_by_letter(list.entries, list.selected, key);
+  if (entry != list.selected) select(list, entry);
   return false;
 }
 
