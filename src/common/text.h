@@ -12,6 +12,18 @@ namespace scrim {
 constexpr std::size_t scratch_size = 1024;  // bytes of a scratch buffer, its NUL included
 constexpr int coordinate_limit = 32767;  // columns, rows and sizes from outside stay within +-this
 
+// Exit statuses. A caller's script tells them apart, so they never change.
+enum {
+  exit_normal = 0,
+  exit_usage = 1,             // a wrong call, or a screen file that cannot be opened
+  exit_directive = 2,         // unknown directive, pop-list error, no memory for a value
+  exit_screen = 3,            // any other fatal error of screen files, memory or switching
+  exit_keys_ended = 4,        // the terminal is gone, or the file of keys has ended
+  exit_no_terminal = 5,       // there is no terminal to open
+  exit_unknown_terminal = 6,  // its type is unknown
+  exit_file = 253             // output or defaults file, or the list of screen files
+};
+
 constexpr int layout_columns = 80;  // the screen that windows and bars are centred on
 constexpr int layout_rows = 24;
 

@@ -50,7 +50,7 @@ void key_test() {
   }
   printf("Key = ESCAPE\n\r%d lines\n\r", T_LINES);
   fflush(stdout);
-  win_exit(0);
+  win_exit(exit_normal);
 }
 
 int dumpit(const char* s, const char* cp, int n) {
@@ -83,7 +83,7 @@ void capability_dump() {
   }
   for (const dump_row& row : strings)
     dumpit(row.label, *row.string, *row.string ? static_cast<int>(std::strlen(*row.string)) : 0);
-  exit(0);
+  exit(exit_normal);
 }
 
 }  // namespace scrim

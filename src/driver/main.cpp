@@ -54,14 +54,14 @@ static const char* msg = nullptr;   // the message of -m
       "  -m x y msg    - display msg at x,y\n"
       "  -f screenfile - process a screenfile\n",
       stderr);
-  exit(1);
+  exit(exit_usage);
 }
 
 static FILE* open_file(const char* name, const char* how) {
   FILE* file = fopen(name, how);
   if (file) return file;
   fprintf(stderr, "Couldn't open: %s\n", name);
-  exit(253);
+  exit(exit_file);
 }
 
 static bool at_end(FILE* file) {
@@ -217,7 +217,7 @@ static void run_position() {
   read_number(largv[1], y);
   sposition(x, y);
   restore_ttymode();
-  exit(0);
+  exit(exit_normal);
 }
 
 struct mode_row {

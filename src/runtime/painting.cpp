@@ -90,7 +90,7 @@ static swin_place& place_of(const gadget_list& swin) {
   for (swin_place* place = places; place; place = place->next)
     if (place->swin == &swin) return *place;
   auto* place = static_cast<swin_place*>(
-      allocate(sizeof(swin_place), "Can't allocate memory for file data", 3));
+      allocate(sizeof(swin_place), "Can't allocate memory for file data", exit_screen));
   *place = {places, &swin, 0, swin.filedata};
   return *(places = place);
 }

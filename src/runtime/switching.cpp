@@ -3,6 +3,7 @@
 
 #include "runtime/switching.h"
 
+#include "common/text.h"
 #include "runtime/painting.h"
 #include "screens/model.h"
 #include "term/popup.h"
@@ -17,7 +18,7 @@ static char message[256];
 [[noreturn]] static void unsuccessful(const char* move, const char* name) {
   snprintf(message, sizeof message, "%s screen %s from %s unsuccessful", move, name,
            curscrn->screenname);
-  end_with(message, 3);
+  end_with(message, exit_screen);
 }
 
 static per_screen* find_screen(const char* name) {
@@ -42,7 +43,7 @@ int DoGoToScreen(const char* s) {
 static void drop_top() {
   if (!scr[-1]) {
     snprintf(message, sizeof message, "return from screen %s not allowed", curscrn->screenname);
-    end_with(message, 3);
+    end_with(message, exit_screen);
   }
   scr--;
 }

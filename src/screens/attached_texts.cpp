@@ -16,12 +16,12 @@ static const char no_memory[] = "Can't allocate memory for save text";
 // A record with room for `room` bytes of text; the old one's contents move into it.
 static save_text* resize(save_text* record, std::size_t room) {
   void* memory = realloc(record, offsetof(save_text, text) + room);
-  if (!memory) end_with(no_memory, 3);
+  if (!memory) end_with(no_memory, exit_screen);
   return static_cast<save_text*>(memory);
 }
 
 save_text* f_text_core(const save_text* txt) {
-  if (txt) end_with("Screen file syntax error - multiple text", 3);
+  if (txt) end_with("Screen file syntax error - multiple text", exit_screen);
   int position[2];
   const char* at = first_item(cbuf);
   next_numbers(at, ",", position);

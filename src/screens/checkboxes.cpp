@@ -11,7 +11,7 @@ namespace scrim {
 static save_text** slot_named(char reference) {
   if (reference == 'a') return &atext;
   if (reference == 'b') return &btext;
-  end_with("checkbox save text reference error", 3);
+  end_with("checkbox save text reference error", exit_screen);
 }
 
 gadget_list* f_checkbox_core() {

@@ -45,7 +45,7 @@ void run_directive() {
   const int row = directive_row(cbuf);
   if (row == -1) {
     snprintf(tbuf, sizeof tbuf, "Invalid Command: %.1000s", cbuf);
-    end_with(tbuf, 2);
+    end_with(tbuf, exit_directive);
   }
   file_funcs_x[row]();
 }
@@ -107,12 +107,12 @@ void make_table(char* fnames) {
   screens = fnames ? count_names(fnames) : 0;
   if (screens == 0) {
     fputs("ERROR: Missing screen file names\n", stderr);
-    exit(253);
+    exit(exit_file);
   }
   s_screen = static_cast<per_screen*>(calloc(static_cast<std::size_t>(screens), sizeof *s_screen));
   if (!s_screen) {
     fputs("ERROR: out of memory\n", stderr);
-    exit(253);
+    exit(exit_file);
   }
   for (int i = 0; i < screens; i++) {
     s_screen[i].path = next_name(fnames);
@@ -123,7 +123,7 @@ void make_table(char* fnames) {
 
 [[noreturn]] static void cannot_find(const char* path) {
   fprintf(stderr, "scrim: Can't find screen file %s\n", path);
-  exit(1);
+  exit(exit_usage);
 }
 
 void InitializeScreens(char* fnames) {

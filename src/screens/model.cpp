@@ -27,7 +27,7 @@ static const char no_memory[] = "Can't allocate memory for gadget list";
 
 gadget_list* CreateGadget() {
   per_screen& screen = s_screen[curscreen];
-  auto* gadget = static_cast<gadget_list*>(allocate(sizeof(gadget_list), no_memory, 3));
+  auto* gadget = static_cast<gadget_list*>(allocate(sizeof(gadget_list), no_memory, exit_screen));
   gadget->prev = screen.blp;
   (screen.blp ? screen.blp->next : screen.gadget_lp) = gadget;
   screen.blp = gadget;
@@ -54,7 +54,8 @@ int screen_core(int x, int y, int w, int h) {
 
 static first_drawing* add_drawing() {
   per_screen& screen = s_screen[curscreen];
-  auto* drawing = static_cast<first_drawing*>(allocate(sizeof(first_drawing), no_memory, 3));
+  auto* drawing =
+      static_cast<first_drawing*>(allocate(sizeof(first_drawing), no_memory, exit_screen));
   (screen.drawings_end ? screen.drawings_end->next : screen.drawings) = drawing;
   screen.drawings_end = drawing;
   return drawing;

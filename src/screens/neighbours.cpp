@@ -7,6 +7,7 @@
 
 #include "screens/neighbours.h"
 
+#include "common/text.h"
 #include "term/popup.h"
 
 #include <algorithm>
@@ -108,7 +109,7 @@ static gadget_list* below_of(const gadget_list& b) {
 static void sort_navigable(const per_screen& screen) {
   const auto room = static_cast<std::size_t>(screen.gadgets) + 1;
   order = static_cast<gadget_pointer*>(
-      allocate(room * sizeof *order, "Can't allocate memory for gadget list", 3));
+      allocate(room * sizeof *order, "Can't allocate memory for gadget list", exit_screen));
   order_end = order;
   for (gadget_list* t = screen.gadget_lp; t; t = t->next)
     if (navigable(*t)) *order_end++ = t;

@@ -64,7 +64,7 @@ bool next_line() {
     if (n <= line_limit) continue;
     inside_line = true;
     snprintf(tbuf, sizeof tbuf, "Line too long: %.*s", shown_of_line, cbuf);
-    end_with(tbuf, 3);
+    end_with(tbuf, exit_screen);
   }
   cbuf[n] = 0;
   return true;

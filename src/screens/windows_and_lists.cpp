@@ -28,7 +28,7 @@ static const char no_memory_for_list[] = "Can't allocate memory for popup list";
 
 [[noreturn]] static void cannot_open(const char* path) {
   snprintf(tbuf, sizeof tbuf, "Can't open '%s'", path);
-  end_with(tbuf, 3);
+  end_with(tbuf, exit_screen);
 }
 
 // Memory for n bytes of data; a large block in few large pages, which cost less to be given.
@@ -41,7 +41,7 @@ static char* data_memory(std::size_t n) {
   } else {
     memory = nullptr;
   }
-  if (!memory) end_with(no_memory_for_data, 3);
+  if (!memory) end_with(no_memory_for_data, exit_screen);
   return static_cast<char*>(memory);
 }
 
@@ -171,7 +171,7 @@ int f_dswin() {
 
 static gadget_list& last_window(const char* complaint) {
   gadget_list* swin = s_screen[curscreen].last_swin;
-  if (!swin) end_with(complaint, 3);
+  if (!swin) end_with(complaint, exit_screen);
   return *swin;
 }
 
@@ -210,7 +210,7 @@ int f_swdefer() {
 // The decimal form of n, in memory of its own.
 static char* decimal_word(int n) {
   const std::size_t size = 12;
-  auto* word = static_cast<char*>(allocate(size, no_memory_for_list, 2));
+  auto* word = static_cast<char*>(allocate(size, no_memory_for_list, exit_directive));
   snprintf(word, size, "%d", n);
   return word;
 }
@@ -235,11 +235,12 @@ int f_poplist() {
   const std::string_view line = cbuf;
   const auto count = static_cast<std::size_t>(std::count(line.begin(), line.end(), ':')) + 1;
   const std::size_t room = std::max(count, fewest_items) + 1;
-  auto** list = static_cast<char**>(allocate(room * sizeof(char*), no_memory_for_list, 2));
-  auto* copy = static_cast<char*>(allocate(line.size() + 1, no_memory_for_list, 2));
+  auto** list =
+      static_cast<char**>(allocate(room * sizeof(char*), no_memory_for_list, exit_directive));
+  auto* copy = static_cast<char*>(allocate(line.size() + 1, no_memory_for_list, exit_directive));
   line.copy(copy, line.size());
   const std::size_t longest = split_items(copy, list);
-  if (count < fewest_items) end_with("Not enough parameters for popup list", 2);
+  if (count < fewest_items) end_with("Not enough parameters for popup list", exit_directive);
 
   int position[2];
   read_numbers(list[poplist_place], ",", position);

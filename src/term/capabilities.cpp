@@ -200,11 +200,11 @@ static int graphics_from_terminfo() {
 int initgraphics() { return use_termcap ? graphics_from_termcap() : graphics_from_terminfo(); }
 
 int open_terminal() {
-  if (setup_ttymode() != 0) return 5;
+  if (setup_ttymode() != 0) return exit_no_terminal;
   if (ttym) return 0;
   if (!find_description()) {
     restore_ttymode();
-    return 6;
+    return exit_unknown_terminal;
   }
   load_keys();
   load_strings();
@@ -218,7 +218,7 @@ int open_terminal() {
 int go_raw() {
   const int status = open_terminal();
   if (status == 0) return 0;
-  if (status == 5) {
+  if (status == exit_no_terminal) {
     fputs("Can't init tty modes\n", stderr);
   } else if (use_termcap) {
     fprintf(stderr, "%s: I don't understand your terminal type %s\n", progname, mtermname);

@@ -167,7 +167,7 @@ bool read_key(std::int16_t& result) {
 
 std::int16_t get_key() {
   std::int16_t result = 0;
-  if (!read_key(result)) win_exit(4);
+  if (!read_key(result)) win_exit(exit_keys_ended);
   return result;
 }
 

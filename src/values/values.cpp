@@ -24,7 +24,7 @@ static const char* from_environment(std::string_view name) {
 // The newest value of a name hides the older ones.
 static env_list* store(std::string_view name, const char* text) {
   auto* value = static_cast<env_list*>(
-      allocate(sizeof(env_list), "Can't allocate memory for ENV variable", 2));
+      allocate(sizeof(env_list), "Can't allocate memory for ENV variable", exit_directive));
   copy_text(value->name, name);
   copy_text(value->text, text);
   value->next = env_lp;
