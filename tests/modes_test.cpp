@@ -52,6 +52,10 @@ TEST(Modes, FilesThatCannotBeOpenedEndBeforeTheTerminal) {
       {{"-f", ",,"}, "ERROR: Missing screen file names\n", 253},
       {{"-f", "nofile"}, "scrim: Can't find screen file nofile\n", 1},
       {{"-f", "/tmp"}, "scrim: Can't find screen file /tmp\n", 1},
+      {{"-f", "x\033]0;t\a\xc2\x9b\xc3\xa4"},
+       "scrim: Can't find screen file x?]0;t?\xc2?\xc3\xa4\n",
+       1},
+      {{"-I\x9b[2J", "-D"}, "Couldn't open: ?[2J\n", 253},
   };
   for (const auto& c : cases) {
     Terminal t;
@@ -80,6 +84,51 @@ TEST(Modes, BoxAndMessageDrawWhereAsked) {
   large.expect_row(5, hundred.substr(0, 80));
   large.expect_row(6, hundred.substr(80));
   large.expect_exit(0, "");
+}
+
+// What is a control character to some terminal shows as "?"; a character of UTF-8 stays whole.
+TEST(Modes, TextsCannotDriveTheTerminal) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"\x1b[2J\x7f", "?[2J?"},
+      {"\x9b[2J\x80\x9f\xa0\xff", "?[2J??\xa0\xff"},
+      {"\xc2\xa0\xc2\x9f\xc3\x80\xdf\x90", "\xc2\xa0\xc2?\xc3\x80\xdf\x90"},
+      {"\xc1\x90\xe2\x82\xac\xe0\x9f\xbf\xe2\x82", "\xc1?\xe2\x82\xac\xe0?\xbf\xe2?"},
+      {"\xed\x9f\xbf\xed\xa0\x80\xe2\x28\x90", "\xed\x9f\xbf\xed\xa0?\xe2\x28?"},
+      {"\xf0\x9f\x98\x80\xf0\x8f\xbf\xbf\xf4\x8f\x90\x80\xf4\x90\x80\x80\xf0\x9f\x98",
+       "\xf0\x9f\x98\x80\xf0?\xbf\xbf\xf4\x8f\x90\x80\xf4???\xf0??"},
+      {std::string(78, '.') + "\xe2\x82\xac", std::string(78, '.') + "\xe2\x82\xac"},
+  };
+  for (const auto& [text, shown] : cases) {
+    Terminal t({.term = "scrim-plain"});
+    t.run({"-m", "0,0", text});
+    t.expect_exit(0, "");
+    EXPECT_EQ(t.raw(), "\033[1;1H" + shown + "\033[24;1H");
+  }
+}
+
+// Nothing is drawn left of the screen or above it.
+TEST(Modes, FramesAndBarsAreCutAtTheUpperAndLeftEdge) {
+  const std::tuple<words, const char*, int> cases[] = {
+      {{"-b", " -2", "-1", "6", "4"}, "\n   |\n   |\n---+\n", 0},
+      {{"-b", " -1", "0", "3", "3"}, "\n-+\n |\n-+\n", 0},
+      {{"-b", " -1", "-2", "3", "3"}, "\n-+\n\n\n", 0},
+      {{"-b", " -6", "0", "6", "3"}, "\n\n\n\n", 0},
+      {{"-b", " -2000", "0", "2004", "1"}, "\n---+\n\n\n", 0},
+      {{"-t", "1,100,1,2"},
+       "\n\n\n             25                       50                       75"
+       "                      100\n",
+       40},
+      {{"-t", "1,84,1,84"},
+       "\n\n\n                 25                   50                   75                  100\n",
+       0},
+  };
+  for (const auto& [line, picture, filled] : cases) {
+    Terminal t({.columns = 132, .term = "scrim-plain"});
+    t.run(line);
+    t.expect_screen(0, picture);
+    t.expect_reverse(1, 0, filled);
+    t.expect_exit(0, "");
+  }
 }
 
 TEST(Modes, PositionLeavesTheCursorThere) {

@@ -3,6 +3,7 @@
 
 #include "common/text.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace scrim {
@@ -12,6 +13,67 @@ char tbuf[scratch_size];
 char lbuf[scratch_size];
 char** largv = nullptr;
 const char* progname = "scrim";
+
+static bool is_between(char c, int lowest, int highest) {
+  const int byte = static_cast<unsigned char>(c);
+  return byte >= lowest && byte <= highest;
+}
+
+// The first bytes of a character of UTF-8, the second bytes that may follow them, and how many
+// bytes it has. The second byte's limits leave out what has a shorter form, U+0080 to U+009F,
+// surrogates, and everything above U+10FFFF.
+struct utf8_row {
+  int first, last;
+  int second_first, second_last;
+  std::size_t length;
+};
+static const utf8_row utf8_rows[] = {
+    {0xc2, 0xc2, 0xa0, 0xbf, 2},  //
+    {0xc3, 0xdf, 0x80, 0xbf, 2},  //
+    {0xe0, 0xe0, 0xa0, 0xbf, 3},  //
+    {0xe1, 0xec, 0x80, 0xbf, 3},  //
+    {0xed, 0xed, 0x80, 0x9f, 3},  //
+    {0xee, 0xef, 0x80, 0xbf, 3},  //
+    {0xf0, 0xf0, 0x90, 0xbf, 4},  //
+    {0xf1, 0xf3, 0x80, 0xbf, 4},  //
+    {0xf4, 0xf4, 0x80, 0x8f, 4},
+};
+
+// The bytes of the UTF-8 character at `s`; 0 when there is none, or not all of it.
+static std::size_t utf8_length(const char* s, std::size_t n) {
+  for (const utf8_row& row : utf8_rows) {
+    if (!is_between(*s, row.first, row.last) || n < row.length) continue;
+    if (!is_between(s[1], row.second_first, row.second_last)) return 0;
+    auto continues = [](char c) { return is_between(c, 0x80, 0xbf); };
+    return std::all_of(s + 2, s + row.length, continues) ? row.length : 0;
+  }
+  return 0;
+}
+
+std::size_t printable_length(const char* s, std::size_t n) {
+  if (is_between(*s, ' ', 0x7e) || *s == '\t') return 1;
+  if (const std::size_t length = utf8_length(s, n)) return length;
+  return is_between(*s, 0xa0, 0xff) ? 1 : 0;
+}
+
+static void write_printable(FILE* to, std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = printable_length(text.data(), text.size());
+    if (length == 0) {
+      putc('?', to);
+    } else {
+      fwrite(text.data(), 1, length, to);
+    }
+    text.remove_prefix(std::max<std::size_t>(length, 1));
+  }
+}
+
+void print(FILE* to, std::initializer_list<std::string_view> parts) {
+  for (const std::string_view part : parts) write_printable(to, part);
+  putc('\n', to);
+}
+
+void complain(std::initializer_list<std::string_view> parts) { print(stderr, parts); }
 
 int read_numbers(const char* text, const char* separators, int* numbers, int limit) {
   const int wanted = static_cast<int>(std::strlen(separators)) + 1;

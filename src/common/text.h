@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdio>
 #include <cstring>
+#include <initializer_list>
 #include <string_view>
 
 namespace scrim {
@@ -42,9 +44,28 @@ void copy_text(char (&to)[size], std::string_view from) {
   to[n] = 0;
 }
 
-// A letter in the other case; any other key as it is. Only the letters of ASCII have one.
+// Whether a key is a letter of ASCII; only those have two cases.
+constexpr bool is_letter(int key) {
+  return (key >= 'a' && key <= 'z') || (key >= 'A' && key <= 'Z');
+}
+
+// A letter in the other case; any other key as it is.
 constexpr int upper_case(int key) { return key >= 'a' && key <= 'z' ? key - 'a' + 'A' : key; }
 constexpr int lower_case(int key) { return key >= 'A' && key <= 'Z' ? key - 'A' + 'a' : key; }
+
+// How many bytes at `s`, of the n there, are to go to a terminal as they are: 1 for a character of
+// ASCII, 2 to 4 for a whole UTF-8 character from U+00A0 on, 1 for any other byte from 0xA0 on; 0
+// for a control character, which is shown as "?". Those are 0x00 to 0x1F but for the TAB, 0x7F, and
+// 0x80 to 0x9F, which to a terminal with 8-bit characters are what an escape and a letter are to
+// others.
+std::size_t printable_length(const char* s, std::size_t n);
+
+// Writes a line: the parts, each control character of them as "?", and a newline. Texts from
+// outside may stand among the parts.
+void print(FILE* to, std::initializer_list<std::string_view> parts);
+
+// Writes a line to standard error, likewise.
+void complain(std::initializer_list<std::string_view> parts);
 
 // Reads decimal integers with one separator after each but the last: "1,2,8/30" with ",,/" gives
 // four. Writes strlen(separators) + 1 numbers, those missing as 0, each kept within +-limit.

@@ -74,9 +74,9 @@ static int compare(const problem& a, const problem& b) {
 }
 
 static void print_problem(const problem& found) {
-  printf("%s:%d: ", found.path, found.line);
-  for (const char* at = found.text; *at; at++) putchar(printable(*at));
-  putchar('\n');
+  char line[16];
+  snprintf(line, sizeof line, ":%d: ", found.line);
+  print(stdout, {found.path, line, found.text});
 }
 
 // A file that several lists name has its own problems in each of them: each is printed once.
@@ -401,7 +401,7 @@ static void load_line() {
 
 static bool load_screen() {
   if (!open_screen()) {
-    fprintf(stderr, "scrim-check: Can't find screen file %s\n", s_screen[curscreen].path);
+    complain({"scrim-check: Can't find screen file ", s_screen[curscreen].path});
     return false;
   }
   while (const int read = attempt(next_directive))

@@ -42,8 +42,8 @@ static bool numbers_given = false;  // the numbers of -m or -t were all there
 static const char* msg = nullptr;   // the message of -m
 
 [[noreturn]] static void usage() {
-  fprintf(stderr, "Usage: %s [-lbtepmf]\n", progname);
-  fprintf(stderr, "  Version %s \n", version);
+  complain({"Usage: ", progname, " [-lbtepmf]"});
+  complain({"  Version ", version, " "});
   fputs(
       "  -l x y list   - do a piclist at x,y\n"
       "  -b x y w h    - draw a box at x,y\n"
@@ -60,7 +60,7 @@ static const char* msg = nullptr;   // the message of -m
 static FILE* open_file(const char* name, const char* how) {
   FILE* file = fopen(name, how);
   if (file) return file;
-  fprintf(stderr, "Couldn't open: %s\n", name);
+  complain({"Couldn't open: ", name});
   exit(exit_file);
 }
 

@@ -106,12 +106,12 @@ static int count_names(const char* list) {
 void make_table(char* fnames) {
   screens = fnames ? count_names(fnames) : 0;
   if (screens == 0) {
-    fputs("ERROR: Missing screen file names\n", stderr);
+    complain({"ERROR: Missing screen file names"});
     exit(exit_file);
   }
   s_screen = static_cast<per_screen*>(calloc(static_cast<std::size_t>(screens), sizeof *s_screen));
   if (!s_screen) {
-    fputs("ERROR: out of memory\n", stderr);
+    complain({"ERROR: out of memory"});
     exit(exit_file);
   }
   for (int i = 0; i < screens; i++) {
@@ -122,7 +122,7 @@ void make_table(char* fnames) {
 }
 
 [[noreturn]] static void cannot_find(const char* path) {
-  fprintf(stderr, "scrim: Can't find screen file %s\n", path);
+  complain({"scrim: Can't find screen file ", path});
   exit(exit_usage);
 }
 

@@ -22,6 +22,7 @@ static const int bracketed_kinds = 0x004 | 0x008 | 0x010 | 0x020 | 0x800;
 static const int piece = 79;  // characters that one write of a text field takes
 
 static char pbuf[piece + 1];  // text of a field on its way to the terminal
+static int gathered = 0;      // its characters so far
 static char bb[160];          // blanks of a frame's inside
 
 int sposition(int x, int y) {
@@ -45,28 +46,37 @@ int display(char* s) {
 
 static void write_character(char c) { write_terminal(&c, 1); }
 
-char printable(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return (byte < ' ' && c != '\t') || byte == 0x7f ? '?' : c;
+// Fields go out in pieces of up to `piece` characters: gathered in pbuf, `gathered` so far.
+static void send_piece() {
+  pbuf[gathered] = 0;
+  if (gathered > 0) display(pbuf);
+  gathered = 0;
 }
 
-// Writes the first n characters of s, or n times `mask` unless that is 0, and blanks up to `width`.
-static void write_field(const char* s, int n, int width, char mask) {
-  for (int done = 0; done < width; done += piece) {
-    const int taken = std::min(width - done, piece);
-    const int texts = std::clamp(n - done, 0, taken);
-    if (mask) {
-      std::fill_n(pbuf, texts, mask);
-    } else {
-      std::transform(s + done, s + done + texts, pbuf, printable);
-    }
-    std::fill_n(pbuf + texts, taken - texts, ' ');
-    pbuf[taken] = 0;
-    display(pbuf);
+static void put(const char* s, int n) {
+  for (int i = 0; i < n; i++) {
+    if (gathered == piece) send_piece();
+    pbuf[gathered++] = s[i];
   }
 }
 
-static void write_text(const char* s, int n) { write_field(s, n, n, 0); }
+static void repeat(char c, int n) {
+  for (; n > 0; n--) put(&c, 1);
+}
+
+static void put_text(const char* s, int n) {
+  while (n > 0) {
+    const int length = static_cast<int>(printable_length(s, static_cast<std::size_t>(n)));
+    put(length > 0 ? s : "?", std::max(length, 1));
+    s += std::max(length, 1);
+    n -= std::max(length, 1);
+  }
+}
+
+static void write_text(const char* s, int n) {
+  put_text(s, n);
+  send_piece();
+}
 
 // On a terminal whose attributes take cells there is no cell for the underline of one character.
 static void write_marked(char c, int att) {
@@ -87,7 +97,19 @@ static void write_label(const char* s, int n, int pad, int att) {
     if (mark < end) write_marked(*mark++, att);
     s = mark;
   }
-  write_field(s, 0, pad - n, 0);
+  repeat(' ', pad - n);
+  send_piece();
+}
+
+// Writes the first n characters of s, or one "*" for each, and blanks up to `width`.
+static void write_field(const char* s, int n, int width, bool masked) {
+  if (masked) {
+    repeat('*', n);
+  } else {
+    put_text(s, n);
+  }
+  repeat(' ', width - n);
+  send_piece();
 }
 
 int stand(int x, int y, const char* s, int att, int pad) {
@@ -105,7 +127,7 @@ int stand(int x, int y, const char* s, int att, int pad) {
   if ((att & ATT_HOTKEY) && !(att & ATT_MASKED)) {
     write_label(s, n, pad, att);
   } else {
-    write_field(s, n, pad, att & ATT_MASKED ? '*' : 0);
+    write_field(s, n, pad, (att & ATT_MASKED) != 0);
   }
   if (att & ATT_STANDOUT) return M_putp(cookies ? T_DIM : T_STANDOFF);
   if (cookies) write_character(bracketed ? ']' : ' ');

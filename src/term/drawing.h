@@ -27,12 +27,9 @@ int sclear();
 // Returns the result of the write.
 int display(char* s);
 
-// The character as it may go to the terminal: "?" for a control character, but a TAB stays.
-char printable(char c);
-
 // Shows s at column x, row y as a field `pad` cells wide, with the attributes of `att`. A control
-// character shows as one "?", so that no text can drive the terminal. Returns 0 for a highlighted
-// field that was sent, else no meaning.
+// character shows as one "?" (see printable_length), so that no text can drive the terminal.
+// Returns 0 for a highlighted field that was sent, else no meaning.
 int stand(int x, int y, const char* s, int att, int pad);
 
 // Draws a frame w columns wide and h rows high with its upper-left corner at column x, row y,

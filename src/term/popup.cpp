@@ -3,13 +3,13 @@
 
 #include "term/popup.h"
 
+#include "common/text.h"
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/keys.h"
 #include "term/leaving.h"
 #include "term/tty.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -21,8 +21,7 @@ static const int popup_text = popup_width - 4;  // columns for a message, a marg
 
 int error_pop(const char* s) {
   if (!ttym && open_terminal() != 0) {
-    for (; *s; s++) putc(printable(*s), stderr);
-    putc('\n', stderr);
+    complain({s});
     return 0;
   }
   const int n = static_cast<int>(std::strlen(s));
