@@ -41,6 +41,45 @@ TEST(Lists, LongerThanTheirRoomFollowTheSelection) {
   }
 }
 
+// Pop-up windows: the list scrolls inside, and its frame says where there is more.
+TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
+  const std::tuple<const char*, int, std::string, const char*> cases[] = {
+      {"pop:12,5", 9, "",
+       "\n┌─┌──┐─────┐\n│[│aa│]    │\n│ │Bb│     │\n│ │Ccv     │\n└─└──┘─────┘\n"},
+      {"pop:12,5", 9, "D",
+       "\n┌─┌──┐─────┐\n│[│Bb^]    │\n│ │Cc│     │\n│ │Ddv     │\n└─└──┘─────┘\n"},
+      {"pop:12,5", 9, "E",
+       "\n┌─┌──┐─────┐\n│[│Cc^]    │\n│ │Dd│     │\n│ │Ee│     │\n└─└──┘─────┘\n"},
+      {"pop:12,3", 10, "B", "\n┌─┌──┐─────┐\n│[│Bbv]    │\n└─└──┘─────┘\n"},
+      {"pop:12,3", 10, "E", "\n┌─┌──┐─────┐\n│[│Ee^]    │\n└─└──┘─────┘\n"},
+      {"pop:12,9", 8, "E",
+       "\n│[┌──┐]    │\n│ │aa│     │\n│ │Bb│     │\n│ │Cc│     │\n│ │Dd│     │\n"},
+  };
+  for (const auto& [window, row, key, picture] : cases) {
+    Terminal t;
+    t.file("form", window + std::string("\npoplist:2,1::P:aa:Bb:Cc:Dd:Ee\n"));
+    t.run({"-f", "form"});
+    t.type(kF3 + key);
+    const std::string margin(34, ' ');
+    std::string wanted = picture;
+    for (std::size_t at = 0; (at = wanted.find('\n', at)) < wanted.size() - 1;)
+      wanted.insert(++at, margin);
+    t.expect_screen(row, wanted);
+    t.expect_row(row - 1, row == 8 ? margin + "┌──────────┐" : "");
+  }
+}
+
+// On a terminal whose attributes take cells, each entry is drawn with those around it.
+TEST(Lists, ALetterThatLeadsNowhereRedrawsItsEntry) {
+  Terminal t({.term = "scrim-cookie"});
+  t.run({"-l", "10", "5", "Add", "Exit"});
+  const std::size_t drawn = t.raw().size();
+  t.type("1");
+  EXPECT_EQ(t.raw().substr(drawn), "\033[6;10H\033[7mAdd \033[0m");
+  t.type("x");
+  EXPECT_TRUE(t.raw().substr(drawn).ends_with("\033[6;10H Add  \033[6;10H\033[7mAdd \033[0m"));
+}
+
 TEST(Lists, FieldsTakeLettersOrOpenTheirListAboveTheWindowsEnd) {
   const std::pair<std::string, words> cases[] = {
       {"Green", {"g", ".W" + down + "\r", "\t\033>2;26;15X\033>3;26;15X\033>3;27;13X"}},

@@ -136,8 +136,7 @@ static int entry_beginning_with(char** entries, std::string_view text) {
 
 // A letter leads to the next entry that begins with it, any other key to the next one.
 static int typed_entry(char** entries, int from, int key) {
-  key = upper_case(key);
-  if (key >= 'A' && key <= 'Z') return next_by_letter(entries, from, key);
+  if (is_letter(key)) return next_by_letter(entries, from, key);
   return entries[from + 1] ? from + 1 : 0;
 }
 

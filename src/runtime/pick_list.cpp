@@ -8,22 +8,22 @@
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/keys.h"
+#include "term/tty.h"
 
 namespace scrim {
 
 static const int widest_entry = 39;  // columns of an entry that are shown
 
 int next_by_letter(char** entries, int from, int key) {
-  key = upper_case(key);
-  if (key < 'A' || key > 'Z') return from;
   int entry = from;
   do {
     entry = entries[entry + 1] ? entry + 1 : 0;
-  } while (entry != from && *entries[entry] != key);
+  } while (entry != from && *entries[entry] != upper_case(key));
   return entry;
 }
 
 struct pick_list {
+  bool framed;
   char** entries;
   int count;
   int x, y;      // of the first shown entry
@@ -41,18 +41,16 @@ static void measure(pick_list& list) {
   }
 }
 
-// The row behind the last one that the list may use.
-static int lowest_row() {
-  if (screens == 0 || s_screen[curscreen].windh <= 0) return T_LINES;
-  return s_screen[curscreen].windy + s_screen[curscreen].windh;
-}
-
-// Moves the list up until it ends above the bound, and shows a part of it where even that is too
-// little room. `top` is the highest row that an entry may take.
-static void fit(pick_list& list, int top) {
-  const int bound = lowest_row();
+// Moves the list up until it ends inside the window, or on the terminal where there is no window;
+// shows a part of it where even that is too little room. The row below the entries is the frame's.
+static void fit(pick_list& list) {
+  int top = 0, bound = T_LINES;  // first row, and the row behind the last one
+  if (screens > 0 && s_screen[curscreen].windh > 0) {
+    top = s_screen[curscreen].windy;
+    bound = top + s_screen[curscreen].windh;
+  }
   if (list.y + list.count + 1 > bound) list.y = bound - (list.count + 1);
-  list.y = std::max(list.y, top);
+  list.y = std::max(list.y, top + (list.framed ? 1 : 0));
   list.rows = std::clamp(bound - 1 - list.y, 1, list.count);
 }
 
@@ -62,6 +60,24 @@ static void draw_entry(const pick_list& list, int entry, int att) {
 
 static void draw_entries(const pick_list& list) {
   for (int row = 0; row < list.rows; row++) draw_entry(list, list.first + row, 0);
+}
+
+static void draw_mark(const pick_list& list, int row, char mark) {
+  char text[2] = {mark ? mark : cxxxgraph[line_vertical], 0};
+  sposition(list.x + list.width, list.y + row);
+  if (!mark) M_putp(graph_on);
+  display(text);
+  if (!mark) M_putp(graph_off);
+}
+
+// On the frame's right edge: "^" where there are entries above those shown, "v" where there are
+// some below. Where one entry is shown, "v" goes before.
+static void draw_marks(const pick_list& list) {
+  if (!list.framed || list.rows == list.count) return;
+  const char above = list.first > 0 ? '^' : 0;
+  const char below = list.first + list.rows < list.count ? 'v' : 0;
+  if (list.rows > 1) draw_mark(list, 0, above);
+  draw_mark(list, list.rows - 1, list.rows == 1 && !below ? above : below);
 }
 
 // Shows the part that holds the selection. Returns whether that is another part than before.
@@ -74,7 +90,9 @@ static bool follow_selection(pick_list& list) {
 static void select(pick_list& list, int entry) {
   draw_entry(list, list.selected, 0);
   list.selected = entry;
-  if (follow_selection(list)) draw_entries(list);
+  if (!follow_selection(list)) return;
+  draw_entries(list);
+  draw_marks(list);
 }
 
 // The key actions. Each returns whether the user has left the list.
@@ -89,8 +107,7 @@ static bool move_down(pick_list& list, int) {
 }
 
 static bool search(pick_list& list, int key) {
-  const int entry = next_by_letter(list.entries, list.selected, key);
-  if (entry != list.selected) select(list, entry);
+  if (is_letter(key)) select(list, next_by_letter(list.entries, list.selected, key));
   return false;
 }
 
@@ -135,17 +152,19 @@ static bool act(pick_list& list, int key) {
 
 int do_list(int f, int csel) {
   pick_list list = {};
+  list.framed = f != 0;
   list.entries = largv + 2;
   read_number(largv[0], list.x);
   read_number(largv[1], list.y);
   list.x += f;
   list.y += f;
   measure(list);
-  fit(list, f);
+  fit(list);
   list.selected = std::clamp(csel, 0, list.count - 1);
   follow_selection(list);
   draw_entries(list);
   if (f) do_box_c(list.x - 1, list.y - 1, list.width + 2, list.rows + 2, 0);
+  draw_marks(list);
   do {
     draw_entry(list, list.selected, ATT_STANDOUT);
   } while (!act(list, get_key()));
