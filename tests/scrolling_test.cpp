@@ -29,7 +29,9 @@ TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
                {"swhigh:cursor", "", "", 1, 0, "-1,0", "swdefer\n"},
                {"swhigh:3", times(4, down), "2", 4, 2},
                {"swhigh:cursor\nswpos:5,2", "", "3", 3, 3, "5,2", "swdefer\n"},
-               {"swpos:2,-4", " ", "1", 2, 2, "2,0"}};
+               {"swpos:2,-4", " ", "1", 2, 2, "2,0"},
+               {"swpos:9,1", down + up + up, "2", 7, 0},
+               {"swhigh:cursor\nswpos:0,0", up + up + up + down + down, "1", -1, 0, "-1,0"}};
   for (const auto& c : cases) {
     Terminal t;
     t.file("data", "1\n2\n3\n4\n5\n6\n7\n8\n9\nlast");

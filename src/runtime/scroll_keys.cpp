@@ -1,5 +1,6 @@
 // runtime/scroll_keys: the keys inside a scroll window: by line, by page, and choosing a line.
-// The cursor stays on the rows of the window; at the first and the last one the data move instead.
+// At the first and the last row of the window the data move instead of the cursor. A screen file may
+// put the cursor outside those rows: the keys move it there too, one row at a time.
 
 #include "runtime/scroll_keys.h"
 
@@ -15,20 +16,23 @@ static void scroll_to(gadget_list& swin, int offset) {
   display_swin(&swin, -1);
 }
 
+// A row above the window is none; to display_swin, -1 would be all of them.
+static void redraw_row(gadget_list& swin, int row) { display_swin(&swin, std::max(row, 0)); }
+
 // Only a highlight that follows the cursor makes rows look different.
 static void move_to_row(gadget_list& swin, int row) {
   const int left = swin.swiny;
   swin.swiny = row;
   if (swin.flags & GF_SWHIGH) {
-    display_swin(&swin, left);
-    display_swin(&swin, row);
+    redraw_row(swin, left);
+    redraw_row(swin, row);
   } else {
     sposition(swin.x + swin.swinx, swin.y + swin.swiny);
   }
 }
 
 void line_up(gadget_list& swin) {
-  if (swin.swiny > 1) {
+  if (swin.swiny != 1) {
     move_to_row(swin, swin.swiny - 1);
   } else if (swin.swoff > 0) {
     scroll_to(swin, swin.swoff - 1);
@@ -36,7 +40,7 @@ void line_up(gadget_list& swin) {
 }
 
 void line_down(gadget_list& swin) {
-  if (swin.swiny < swin.h - 2) {
+  if (swin.swiny != swin.h - 2) {
     move_to_row(swin, swin.swiny + 1);
   } else if (swin.swoff < swin.l - 1) {
     scroll_to(swin, swin.swoff + 1);

@@ -6,7 +6,7 @@
 
 namespace scrim {
 
-// Moves the cursor by a line, scrolling at the first and last rows.
+// Moves the cursor by a line; at the first and the last row of the window scrolls instead.
 void line_up(gadget_list& swin);
 void line_down(gadget_list& swin);
 
