@@ -47,6 +47,16 @@ TEST(Loading, StandardInputRefersToTheEnvironmentAndToTheDefaultsReadBefore) {
   EXPECT_EQ(t.read("out"), "zero 'one two-!'\n");
 }
 
+TEST(Loading, LinesOfDefaultsMayHoldAnyByteAndEndLikeThoseOfOtherSystems) {
+  Terminal t;
+  const std::string piece(1023, 'p');
+  t.file("values", std::string("ab\0cd\nef\r\n\r\n\0\ng\rh\n", 18) + piece + "rest\nlast\r");
+  t.file("s", "text:\n${0}|${1}|${2}|${3}|${4}|${6}|${7}|\nendtext:\n");
+  t.run({"-Ivalues", "-f", "s"});
+  t.expect_row(2, "    ab|ef|||g?h|rest|last?|");
+  t.expect_exit(0, "");
+}
+
 // Frames are asked for before there is a terminal. They lie beneath their screen's gadgets.
 TEST(Loading, FramesAreDrawnWhenTheirScreenIsFirstPainted) {
   Terminal t({.term = "scrim-plain"});

@@ -50,12 +50,14 @@ TEST(Scrolling, DataEndAtTheFirstNulAndMayComeFromAPipe) {
   const struct {
     std::string file, first, third, value;
   } cases[] = {{"data", "a line t", "@x", "6,2"},
+               {"dos", "a?b", "", "5,1"},
                {"pipe", "sent", "", "4,0"},
                {"/proc/self/comm", "scrim", "", "4,0"},
                {"/dev/null", "", "", "4,0"}};
   for (const auto& c : cases) {
     Terminal t;
     t.file("data", std::string_view("a line that is too long\n\n\tx\nlast\0no\nno\n", 39));
+    t.file("dos", "a\rb\r\n\r\n");
     t.file("f", "swin:1,0,12,6:" + c.file + ":V\n");
     t.command(
         {"sh", "-c", "mkfifo pipe; [ $0 = pipe ] && echo sent >$0 & exec scrim -f f", c.file});

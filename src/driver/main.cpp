@@ -70,13 +70,24 @@ static bool at_end(FILE* file) {
   return c == EOF;
 }
 
-// A line longer than the buffer comes in pieces. Each piece loses its last character, which is a
-// line's newline; only an unfinished last line keeps all.
+// Reads a line of a defaults file into tbuf, up to its newline; of a longer one, a piece. Returns
+// its bytes; 0 at the end of the file. A line may hold NULs: its value ends at the first.
+static std::size_t read_piece(FILE* dfd) {
+  std::size_t n = 0;
+  for (int c = 0; n < sizeof tbuf - 1 && c != '\n' && (c = getc(dfd)) != EOF;)
+    tbuf[n++] = static_cast<char>(c);
+  tbuf[n] = 0;
+  return n;
+}
+
+// A line loses its newline, and a carriage return right before that. A piece that fills the buffer
+// loses its last character too; only an unfinished last line keeps all.
 static void read_defaults(const char* name) {
   FILE* dfd = open_file(name, "re");
-  while (fgets(tbuf, sizeof tbuf, dfd)) {
-    const std::size_t n = std::strlen(tbuf);
-    if (n > 0 && (tbuf[n - 1] == '\n' || !at_end(dfd))) tbuf[n - 1] = 0;
+  while (std::size_t n = read_piece(dfd)) {
+    const bool newline = tbuf[n - 1] == '\n';
+    if (newline || !at_end(dfd)) tbuf[--n] = 0;
+    if (newline && n > 0 && tbuf[n - 1] == '\r') tbuf[n - 1] = 0;
     set_alt_an_env(tbuf);
   }
   fclose(dfd);

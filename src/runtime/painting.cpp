@@ -129,11 +129,16 @@ static const char* row_line(const gadget_list& swin, int row) {
   return at;
 }
 
+// A carriage return before a newline belongs to it.
+static bool ends_line(const char* at) {
+  return !*at || *at == '\n' || (*at == '\r' && at[1] == '\n');
+}
+
 static void paint_row(const gadget_list& swin, int row, const char* at) {
   static char text[drawn_limit + 1];
   const int width = std::min(swin.w - 4, drawn_limit);
   int n = 0;
-  for (; n < width && at[n] && at[n] != '\n'; n++) text[n] = at[n];
+  for (; n < width && !ends_line(at + n); n++) text[n] = at[n];
   text[n] = 0;
   const bool highlighted = std::int64_t{swin.swhigh} - swin.swoff == row;
   stand(swin.x + 2, swin.y + row, text, highlighted ? ATT_STANDOUT : 0, width);
