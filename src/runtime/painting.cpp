@@ -40,11 +40,12 @@ int screen_paint() {
 }
 
 // Leading blanks move the text to the right and leave the cells under them as they are; a marked
-// blank ends them, and is an ordinary one from then on.
+// blank ends them, and is an ordinary one from then on. A line of nothing else paints nothing.
 static void paint_line(int x, int y, char* line, int n) {
   int indent = 0;
   while (indent < n && line[indent] == ' ') indent++;
-  if (indent < n && line[indent] == marked_blank) line[indent] = ' ';
+  if (indent == n) return;
+  if (line[indent] == marked_blank) line[indent] = ' ';
   stand(x + indent, y, line + indent, 0, n - indent);
 }
 
