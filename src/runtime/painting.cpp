@@ -26,7 +26,7 @@ static swin_place* places = nullptr;
 
 int screen_paint() {
   const int x = curscrn->windx, y = curscrn->windy;
-  const int w = std::min(curscrn->windw, drawn_limit), h = std::min(curscrn->windh, drawn_limit);
+  const int w = curscrn->windw, h = curscrn->windh;
   if (curscrn->screentype & ST_OVERLAY) {
     for (int row = 1; row <= h - 2; row++) stand(x + 1, y + row, "", 0, w - 2);
     return 0;

@@ -142,30 +142,40 @@ static void blank_inside(int n) {
   M_putp(graph_on);
 }
 
-static void draw_edge(int x, int y, int w, int left, int right) {
-  sposition(x, y);
-  write_character(cxxxgraph[left]);
-  for (int i = 0; i < w - 2; i++) write_character(cxxxgraph[line_horizontal]);
+// The edge between columns x and `end`, with its corners.
+static void draw_edge(int x, int end, int row, int left, int right) {
+  if (row < 0) return;
+  sposition(x, row);
+  if (x >= 0) write_character(cxxxgraph[left]);
+  for (int column = std::max(x + 1, 0); column < end; column++)
+    write_character(cxxxgraph[line_horizontal]);
   write_character(cxxxgraph[right]);
 }
 
-int do_box_c(int x, int y, int w, int h, int cs) {
-  if (w < 2 || h < 1) return 0;
-  w = std::min(w, drawn_limit);
-  h = std::min(h, drawn_limit);
-  M_putp(graph_on);
-  draw_edge(x, y, w, line_upper_left, line_upper_right);
-  for (int row = y + 1; row <= y + h - 2; row++) {
-    sposition(x, row);
-    write_character(cxxxgraph[line_vertical]);
-    if (cs) {
-      blank_inside(w - 2);
-    } else {
-      sposition(x + w - 1, row);
-    }
-    write_character(cxxxgraph[line_vertical]);
+static void draw_sides(int x, int end, int row, bool blanks) {
+  if (x >= 0 || blanks) sposition(x, row);
+  if (x >= 0) write_character(cxxxgraph[line_vertical]);
+  if (blanks) {
+    blank_inside(end - std::max(x + 1, 0));
+  } else {
+    sposition(end, row);
   }
-  draw_edge(x, y + h - 1, w, line_lower_left, line_lower_right);
+  write_character(cxxxgraph[line_vertical]);
+}
+
+// The last of `size` cells from `start` on. A frame far left of the screen, or above it, may still
+// reach into it: cells count towards the limit from 0 on.
+static int last_cell(int start, int size) {
+  return start + std::min(size, drawn_limit - std::min(start, 0)) - 1;
+}
+
+int do_box_c(int x, int y, int w, int h, int cs) {
+  const int end = last_cell(x, w), bottom = last_cell(y, h);
+  if (w < 2 || h < 1 || end < 0) return 0;
+  M_putp(graph_on);
+  draw_edge(x, end, y, line_upper_left, line_upper_right);
+  for (int row = std::max(y + 1, 0); row < bottom; row++) draw_sides(x, end, row, cs != 0);
+  draw_edge(x, end, bottom, line_lower_left, line_lower_right);
   return M_putp(graph_off);
 }
 
@@ -176,23 +186,27 @@ int do_box() {
 }
 
 // Cells of a bar `wid` wide that stand for curr of tot: none when there is nothing to measure.
-static int filled_cells(int wid, int curr, int tot) {
-  if (tot <= 0 || curr < 0) return 0;
-  const std::int64_t cells = std::int64_t{wid} * curr / tot;
-  return static_cast<int>(std::min<std::int64_t>(cells, sizeof cbuf - 1));
+static std::int64_t filled_cells(int wid, int curr, int tot) {
+  return tot <= 0 || curr < 0 ? 0 : std::int64_t{wid} * curr / tot;
+}
+
+static void draw_scale_mark(int x, int y) {
+  if (x >= 0) stand(x, y, cbuf, 0, static_cast<int>(std::strlen(cbuf)));
 }
 
 int do_therm(int y, int wid, int curr, int tot) {
   const int left = (layout_columns - wid) / 2;
-  stand(left, y + 1, "0", 0, 1);
+  copy_text(cbuf, "0");
+  draw_scale_mark(left, y + 1);
   for (int percent = 25; percent <= 100; percent += 25) {
     const int length = snprintf(cbuf, sizeof cbuf, "%d", percent);
-    stand(left + wid * percent / 100 - length, y + 1, cbuf, 0, length);
+    draw_scale_mark(left + wid * percent / 100 - length, y + 1);
   }
-  const int filled = filled_cells(wid, curr, tot);
+  const std::int64_t shown = filled_cells(wid, curr, tot) + std::min(left, 0);
+  const auto filled = static_cast<int>(std::clamp<std::int64_t>(shown, 0, sizeof cbuf - 1));
   std::memset(cbuf, ' ', static_cast<std::size_t>(filled));
   cbuf[filled] = 0;
-  return stand(left, y, cbuf, ATT_STANDOUT, filled);
+  return stand(std::max(left, 0), y, cbuf, ATT_STANDOUT, filled);
 }
 
 }  // namespace scrim

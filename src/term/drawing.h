@@ -33,8 +33,8 @@ int display(char* s);
 int stand(int x, int y, const char* s, int att, int pad);
 
 // Draws a frame w columns wide and h rows high with its upper-left corner at column x, row y,
-// blanking its inside when cs is not 0. Below 2 columns or 1 row it draws nothing.
-// Returns the flush status.
+// blanking its inside when cs is not 0. Below 2 columns or 1 row it draws nothing, and nothing of
+// it above row 0 or left of column 0. Returns the flush status.
 int do_box_c(int x, int y, int w, int h, int cs);
 
 // The frame whose column, row, width and height are the first four words of `largv`. Returns
@@ -42,7 +42,8 @@ int do_box_c(int x, int y, int w, int h, int cs);
 int do_box();
 
 // Draws a progress bar `wid` columns wide on row y, centred on 80 columns and filled in proportion
-// curr/tot, with a scale below. Returns 0 when it was sent.
+// curr/tot, with a scale below. What lies left of column 0 is not drawn. Returns 0 when it was
+// sent.
 int do_therm(int y, int wid, int curr, int tot);
 
 }  // namespace scrim
