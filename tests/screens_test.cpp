@@ -65,7 +65,9 @@ TEST(Screens, ErrorsEndTheProgramWithAMessage) {
 TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
   Terminal t;
   t.file("main", "name:main\nfulls\netext:9,3,9::A::N\nbutton:OK:ok:Y\n");
-  t.file("two", "name:two\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\nbutton:OK:yes:Y\n");
+  t.file("two",
+         "name:two\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\nbutton:OK:yes:Y\n"
+         "box:20,9,10,9\n");
   t.run({"-f", "main,two"});
   t.type(up + "\033");  // cancelling from a button that validates can be refused too
   t.expect_shown("Missing value in required field!");
@@ -85,6 +87,7 @@ TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
 TEST(Screens, ExclusiveCheckboxesClearTheOthersAndPaintTheirText) {
   Terminal t;
   t.env("WHO", "you");
+  t.expect_text(10, 20, "│        │ ");  // where the message lay
   t.file("form",
          "fulls:overlay\ncheckbox:5,2::C\nxcheckbox:5,3:X:P:apple\nxcheckbox:5,4:_:Q:b\n"
          "xcheckbox:5,5:_:R\natext:12,2\nA\n  B ${WHO}\n\n#C\nendtext:\nbtext:12,2\n\\ two\n");

@@ -129,8 +129,11 @@ static int refuse(per_screen& screen, gadget_list& field, const char* message) {
   screen.blp = &field;
   screen.activeg = field.gadgetid;
   snprintf(action, sizeof action, ">%s", screen.screenname);
+  const bool drawn = screen.drawn;
   DoGoToScreen(action);
   error_pop(message);
+  // What a screen draws at its first painting lies under the message: the first is still to come.
+  screen.drawn = drawn;
   PaintScreen();
   return 1;
 }
