@@ -15,10 +15,10 @@ namespace scrim {
 
 static char message[256];
 
-[[noreturn]] static void unsuccessful(const char* move, const char* name) {
+static const char* unsuccessful(const char* move, const char* name) {
   snprintf(message, sizeof message, "%s screen %s from %s unsuccessful", move, name,
            curscrn->screenname);
-  end_with(message, exit_screen);
+  return message;
 }
 
 static per_screen* find_screen(const char* name) {
@@ -35,7 +35,7 @@ static int show_top() {
 
 int DoGoToScreen(const char* s) {
   per_screen* screen = find_screen(s + 1);
-  if (!screen) unsuccessful("switch to", s + 1);
+  if (!screen) end_with(unsuccessful("switch to", s + 1), exit_screen);
   *scr = screen;
   return show_top();
 }
@@ -48,10 +48,15 @@ static void drop_top() {
   scr--;
 }
 
+// A full stack refuses the screen, and what was typed is not lost.
 static void push(const char* name) {
   per_screen* screen = find_screen(name);
-  if (!screen || scr == scrstack + stack_slots - 1) unsuccessful("pop up", name);
-  *++scr = screen;
+  if (!screen) end_with(unsuccessful("pop up", name), exit_screen);
+  if (scr == scrstack + stack_slots - 1) {
+    error_pop(unsuccessful("pop up", name));
+  } else {
+    *++scr = screen;
+  }
 }
 
 int DoSubScreen(const char* s) {

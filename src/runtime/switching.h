@@ -9,8 +9,8 @@ namespace scrim {
 int DoGoToScreen(const char* s);
 
 // Pops the screen whose name follows the "^" up over the current one, or with "^" alone returns to
-// the screen below, and paints it. A full stack, or nothing below, ends the program likewise.
-// Returns 0.
+// the screen below, and paints it. Nothing below ends the program likewise; on a full stack a
+// message is shown, and the current screen stays. Returns 0.
 int DoSubScreen(const char* s);
 
 }  // namespace scrim
