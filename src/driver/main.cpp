@@ -280,12 +280,13 @@ static void occupy_standard_descriptors() {
 
 // Standard error holds a whole capability string, so that each is one write. Standard output keeps
 // the results until the terminal is the user's again; no more than a buffer of them goes out
-// before.
+// before. Neither buffer is missing where memory has run out.
 int main(int argc, char** argv) {
   scrim::occupy_standard_descriptors();
-  static char error_buffer[4096];
+  static char error_buffer[4096], result_buffer[4096];
   setvbuf(stderr, error_buffer, _IOFBF, sizeof error_buffer);
-  setvbuf(stdout, nullptr, _IOFBF, BUFSIZ);
+  setvbuf(stdout, result_buffer, _IOFBF, sizeof result_buffer);
+  scrim::keep_reserve();
   if (argc > 0) scrim::progname = argv[0];
   scrim::scan(argv + (argc > 0));
   scrim::run_mode();

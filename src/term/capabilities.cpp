@@ -54,7 +54,10 @@ char* graph_off = nullptr;
 const char vt100graph[line_slots + 1] = "qxnvwmlkjtu";
 char cxxxgraph[line_slots + 1] = "-|+++++++++";
 
-static const int default_lines = 24;  // for a terminal that does not tell its height
+static const int default_lines = 24;              // for a terminal that does not tell its height
+static const std::size_t reserve_size = 100'000;  // bytes; a description takes half of that
+
+static void* reserve = nullptr;
 
 static char mtermname[50];      // TERM, for the termcap library and its message
 static char tcap_buff[10000];   // the terminal's termcap entry
@@ -199,9 +202,13 @@ static int graphics_from_terminfo() {
 
 int initgraphics() { return use_termcap ? graphics_from_termcap() : graphics_from_terminfo(); }
 
+void keep_reserve() { reserve = malloc(reserve_size); }
+
 int open_terminal() {
   if (setup_ttymode() != 0) return exit_no_terminal;
   if (ttym) return 0;
+  free(reserve);
+  reserve = nullptr;
   if (!find_description()) {
     restore_ttymode();
     return exit_unknown_terminal;

@@ -70,6 +70,10 @@ extern char* graph_off;                        // leaves it
 extern const char vt100graph[line_slots + 1];  // the VT100 letter of each slot
 extern char cxxxgraph[line_slots + 1];         // the character in use for each slot
 
+// Sets memory aside for the terminal's description, so that a program that has run out of memory
+// can still show its last message. Called once, at the start; open_terminal gives the memory back.
+void keep_reserve();
+
 // Sets the terminal to raw mode and loads its capabilities; when they are loaded already, only
 // applies raw mode again. Returns 0; 5 when there is no terminal to open; 6 when its type is
 // unknown, with the user's settings back in place. Writes nothing about it.

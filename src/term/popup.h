@@ -17,7 +17,7 @@ extern void (*ending)(const char* message, int status);
 // Shows s with error_pop and ends the program through win_exit with `status`.
 [[noreturn]] void end_with(const char* s, int status);
 
-// n zeroed bytes; without memory for them, ends with the message and status.
+// n zeroed bytes; without memory for them, ends with the message and status (see keep_reserve).
 void* allocate(std::size_t n, const char* complaint, int status);
 
 }  // namespace scrim
