@@ -181,6 +181,47 @@ TEST(Faults, ValuesCannotDriveTheTerminal) {
   }
 }
 
+// Memory may end at any place of the loading.
+TEST(Faults, MissingMemoryEndsWithItsMessage) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer reserves more memory than any limit allows";
+#endif
+  const std::tuple<const char*, const char*, int, const char*> cases[] = {
+      {"", "etext:1,1,5::V", 3, "Can't allocate memory for gadget list"},
+      {"", "#${V", 2, "Can't allocate memory for ENV variable"},
+      {"swin:1,1,9,9:data\n", "#", 3, "Can't allocate memory for file data"},
+  };
+  for (const auto& [start, line, status, message] : cases) {
+    std::string content = start;
+    for (int i = 0; content.size() < 2'000'000 && i < 40'000; i++)
+      content += line + (*line == '#' ? std::to_string(i) + "}\n" : std::string(40, ':') + "\n");
+    for (int limit = 8000; limit < 8600; limit += 75) {
+      SCOPED_TRACE(message + std::string(" of ") + std::to_string(limit));
+      Terminal t;
+      t.file("s", content);
+      t.file("data", std::string(8'000'000, '.'));
+      t.command({"sh", "-c", "ulimit -v " + std::to_string(limit) + "; exec scrim -f s"});
+      t.expect_shown(message);
+      t.expect_text(10, 10, "┌──");  // in the pop-up
+      t.type("x");
+      t.expect_exit(status, "");
+    }
+  }
+}
+
+// A file that grows as fast as it is read.
+TEST(Faults, AFileThatIsWrittenToDoesNotHoldUpTheForm) {
+  Terminal t;
+  t.file("log", std::string(3'000'000, '\n'));
+  t.file("s", "fulls:clear\nswin:1,1,20,6:log:V\n");
+  t.command({"sh", "-c",
+             "dd if=/dev/zero bs=1M count=400 2>/dev/null | tr '\\0' '\\n' >>log & "
+             "exec scrim -f s"});
+  t.expect_text(1, 1, "┌──────────────────┐");
+  t.type("\033");
+  t.expect_exit(0, "RETN=cancel\n");
+}
+
 // More than a pipe or a buffer holds, so that the writing itself fails.
 TEST(Faults, ResultsThatNobodyTakes) {
   std::string many = "fulls:clear\n";

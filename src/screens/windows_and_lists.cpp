@@ -69,6 +69,12 @@ struct reading {
   bool ended;             // a NUL has come: data end there
 };
 
+[[noreturn]] static void cannot_read(const reading& file) {
+  close(file.fd);
+  free(file.data);
+  cannot_open(file.path);
+}
+
 // Reads up to n bytes more. Returns false at the end of the data, which is that of the file or a
 // NUL.
 static bool read_more(reading& file, char* to, std::size_t n) {
@@ -76,7 +82,7 @@ static bool read_more(reading& file, char* to, std::size_t n) {
   do {
     got = read(file.fd, to, n);
   } while (got < 0 && errno == EINTR);
-  if (got < 0) cannot_open(file.path);
+  if (got < 0) cannot_read(file);
   const auto bytes = static_cast<std::size_t>(got);
   if (bytes > 0) {
     const void* nul = std::memchr(to, 0, bytes);
@@ -88,7 +94,7 @@ static bool read_more(reading& file, char* to, std::size_t n) {
   return bytes > 0 && !file.ended;
 }
 
-// The size may have been none, as a pipe's, or have grown: makes room when there is more to read.
+// A file that tells no size, as a pipe: makes room when there is more to read.
 static bool read_past_size(reading& file) {
   char more = 0;
   if (!read_more(file, &more, 1)) {
@@ -105,15 +111,19 @@ static bool read_past_size(reading& file) {
   return true;
 }
 
+// What another process appends meanwhile to a file that tells its size is not read, or the reading
+// might never end. Files under /proc tell a size of 0, but have data.
 static void read_data(gadget_list& swin, int fd, const char* path) {
+  reading file = {fd, path, nullptr, 0, 0, 0, false};
   struct stat about;
-  if (fstat(fd, &about) != 0) cannot_open(path);
-  reading file = {fd, path, nullptr, static_cast<std::size_t>(about.st_size) + 1, 0, 0, false};
+  if (fstat(fd, &about) != 0) cannot_read(file);
+  const bool sized = S_ISREG(about.st_mode) && about.st_size > 0;
+  file.size = (sized ? static_cast<std::size_t>(about.st_size) : 0) + 1;
   file.data = data_memory(file.size);
   bool more = true;
   while (more) {
     const std::size_t room = file.size - 1 - file.used;
-    more = room == 0 ? read_past_size(file)
+    more = room == 0 ? !sized && read_past_size(file)
                      : read_more(file, file.data + file.used, std::min(read_piece, room));
   }
   file.data[file.used] = 0;
