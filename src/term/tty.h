@@ -7,6 +7,15 @@
 
 #include <sys/ioctl.h>
 
+#ifndef SCRIM_HAS_TERMIO
+// The kernel's System V settings record, where the C library has only the requests for it.
+struct termio {
+  unsigned short c_iflag, c_oflag, c_cflag, c_lflag;
+  unsigned char c_line;
+  unsigned char c_cc[8];
+};
+#endif
+
 namespace scrim {
 
 extern int tfd;     // /dev/tty, opened on first use and never closed; -1 until then
