@@ -240,6 +240,10 @@ TEST(Modes, UnknownTerminalsAndNoTerminal) {
     const std::string said = complaint(t);
     EXPECT_TRUE(said.ends_with(c.message)) << said;
   }
+  Terminal full;
+  full.command({"sh", "-c", "exec 3>&-; ulimit -n 4; exec scrim -p 1 1"});
+  full.expect_exit(6, "");
+  EXPECT_TRUE(complaint(full).ends_with("scrim: too many open files to read its description\n"));
   Terminal none({.controlling = false});
   none.run({"-p", "1", "1"});
   none.expect_exit(5, "");

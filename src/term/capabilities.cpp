@@ -6,7 +6,6 @@
 #include "common/text.h"
 #include "term/tty.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -155,7 +154,8 @@ static void load_strings() {
 static void load_numbers() {
   T_LINES = use_termcap ? tgetnum(const_cast<char*>("li")) : lines;
   if (T_LINES <= 0) T_LINES = default_lines;
-  attrib_space = std::max(0, use_termcap ? tgetnum(const_cast<char*>("sg")) : magic_cookie_glitch);
+  const int cells = use_termcap ? tgetnum(const_cast<char*>("sg")) : magic_cookie_glitch;
+  attrib_space = std::clamp(cells, 0, layout_columns);
 }
 
 static bool find_description() {
@@ -222,15 +222,29 @@ int open_terminal() {
   return 0;
 }
 
+// Descriptions are files: a process that may open no more files finds none.
+static bool files_can_be_opened() {
+  const int fd = dup(STDERR_FILENO);
+  if (fd != -1) close(fd);
+  return fd != -1;
+}
+
+static void complain_of_terminal() {
+  if (use_termcap) {
+    complain({progname, ": I don't understand your terminal type ", mtermname});
+  } else {
+    complain({progname, ": I don't understand your terminal type"});
+  }
+  if (!files_can_be_opened()) complain({progname, ": too many open files to read its description"});
+}
+
 int go_raw() {
   const int status = open_terminal();
   if (status == 0) return 0;
   if (status == exit_no_terminal) {
-    fputs("Can't init tty modes\n", stderr);
-  } else if (use_termcap) {
-    fprintf(stderr, "%s: I don't understand your terminal type %s\n", progname, mtermname);
+    complain({"Can't init tty modes"});
   } else {
-    fprintf(stderr, "%s: I don't understand your terminal type\n", progname);
+    complain_of_terminal();
   }
   exit(status);
 }

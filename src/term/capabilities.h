@@ -8,7 +8,7 @@ namespace scrim {
 extern int use_termcap;  // 0: describe the terminal through terminfo, 1: through termcap
 extern int use_reverse;  // terminfo only; 1: standout is the reverse string, 0: the standout string
 
-extern int attrib_space;  // cells that an attribute change takes on the screen, never negative
+extern int attrib_space;  // cells that an attribute change takes on the screen, 0 to 80
 extern int T_LINES;       // lines of the screen
 
 extern char* T_CLEAR;     // clears the screen
