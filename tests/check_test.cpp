@@ -40,7 +40,10 @@ etext:30,17,3::b c # variable 'b c' is no name for a shell)",
     R"(name:m | fulls | bdefault:^no # no screen of the list has the name 'no' | etext:1,1,9::A::N
 pbutton:1,2:Go:>M # no screen of the list has the name 'M' | -- | fulls
 name:m # screen name m is that of a:1 too | checkbox:2,2:_:A # variable A is that of a:4 too
-etext:1,1,9::B::N # required field on a screen that no action leads to)"};
+etext:1,1,9::B::N # required field on a screen that no action leads to)",
+    R"(fulls | pbutton:1,1:_Go:^p | -- | name:p | pop:20,9 | bdefault:^ | etext:1,1,9::A:CHAR
+etext:1,2,9::B:DATE # a field that is checked on a pop-up that "^" leaves
+etext:1,3,9::C:CHAR:N # a field that is checked on a pop-up that "^" leaves)"};
 
 TEST(Check, EveryFaultIsSaidAtItsLine) {
   for (const std::string form : forms) {

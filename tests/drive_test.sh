@@ -35,6 +35,9 @@ check 'layout is not typed' 0 'got 78' 'key?' -k '
 check 'SVG with reverse' 0 'got 3c' '>key</text>' -s -k '<shot><lt>' sh -c "$one_key"
 check 'the reverse cells' 0 'got 78' 'width="27" height="18" fill="#e4e4e4"/>' -s -k '<shot>x' \
   sh -c "$one_key"
+check 'a code that is no character' 0 '' '>a�b</text>' -s -u \
+  sh -c "printf 'a\364\220\200\200b' >&2"
+check 'a name that would act on the terminal' 125 '' '?[31m: No such' -K "$(printf '\033[31m')" true
 check 'unknown key name' 125 '' 'no key <Fire>' -k 'a<Fire>' sh -c 'echo started'
 check 'a name without end' 125 '' 'no > after <Tab' -k '<Tab' sh -c 'echo started'
 check 'wait' 0 'got 78' 'late' -k '<wait:2500><shot>x' \

@@ -3,8 +3,9 @@
 
 #include "tools/key_script.h"
 
+#include "common/text.h"
+
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 
 #include <unistd.h>
@@ -73,7 +74,7 @@ void leave_layout_out(std::string& script) {
 }  // namespace
 
 [[noreturn]] void give_up(const std::string& message) {
-  fprintf(stderr, "scrim-drive: %s\n", message.c_str());
+  complain({"scrim-drive: ", message});
   exit(own_failure);
 }
 

@@ -53,8 +53,14 @@ int edges_of(uint32_t code) {
   svg += line;
 }
 
+// Codes that XML does not allow, or that no font has a character for.
+bool has_character(uint32_t code) {
+  if (code < ' ' || (code >= 0x7F && code <= 0x9F)) return false;  // control characters
+  if (code >= 0xD800 && code <= 0xF8FF) return false;              // surrogates, private use
+  return code != 0xFFFE && code != 0xFFFF && code <= 0x10FFFF;
+}
+
 void add_escaped(std::string& svg, uint32_t code) {
-  bool printable = code >= ' ' && (code < 0x7F || code > 0x9F) && (code < 0xE000 || code > 0xF8FF);
   switch (code) {
     case '&':
       svg += "&amp;";
@@ -66,7 +72,7 @@ void add_escaped(std::string& svg, uint32_t code) {
       svg += "&gt;";
       break;
     default:
-      append_utf8(svg, printable ? code : 0xFFFD);
+      append_utf8(svg, has_character(code) ? code : 0xFFFD);
   }
 }
 

@@ -107,6 +107,7 @@ struct screen_lines {
   int name;            // line of the name directive; 0: none
   int default_action;  // line of the bdefault directive; 0: none
   bool reached;        // an action leads there, or it is the first
+  bool pops_up;        // an action pops it up
 };
 static screen_lines* lines_of;  // a record for each screen
 
@@ -521,7 +522,9 @@ static void check_actions() {
 static void follow(growing<int>& reached, const char* action) {
   if (!leads_to_screen(action)) return;
   const int target = screen_named(action + 1);
-  if (target == screens || lines_of[target].reached) return;
+  if (target == screens) return;
+  if (*action == '^') lines_of[target].pops_up = true;
+  if (lines_of[target].reached) return;
   lines_of[target].reached = true;
   add_to(reached) = target;
 }
@@ -539,12 +542,28 @@ static void mark_reached() {
   }
 }
 
-static void check_required() {
+static bool returns(const per_screen& screen) {
+  auto is_return = [](const char* action) { return std::strcmp(action, "^") == 0; };
+  for (const gadget_list* gadget = screen.gadget_lp; gadget; gadget = gadget->next)
+    if (kind_of(*gadget) == GF_BUTTON && is_return(gadget->op)) return true;
+  return is_return(screen.default_string);
+}
+
+// A field that fails its check takes its screen to the top of the stack: "^" there has nothing to
+// return to, unless the screen has been popped up again.
+static void check_validated(const declaration& it) {
+  const screen_lines& screen = lines_of[it.screen];
+  if ((it.gadget->dbtype & DBT_REQUIRED) && !screen.reached)
+    report(it.screen, it.line, "required field on a screen that no action leads to");
+  if (screen.pops_up && returns(s_screen[it.screen]))
+    report(it.screen, it.line, "a field that is checked on a pop-up that \"^\" leaves");
+}
+
+static void check_fields_of_screens() {
   for (int i = 0; i < declarations.count; i++) {
     const declaration& it = declarations.all[i];
-    if (!(it.gadget->flags & GF_ETEXT) || !(it.gadget->dbtype & DBT_REQUIRED)) continue;
-    if (!lines_of[it.screen].reached)
-      report(it.screen, it.line, "required field on a screen that no action leads to");
+    if ((it.gadget->flags & GF_ETEXT) && (it.gadget->dbtype & (DBT_REQUIRED | DBT_DATE)))
+      check_validated(it);
   }
 }
 
@@ -569,7 +588,7 @@ static bool check_list(char* list) {
   check_variables();
   check_names();
   check_actions();
-  check_required();
+  check_fields_of_screens();
   return true;
 }
 
