@@ -8,10 +8,12 @@ library=$(pwd)/../share/scrim/scrim.sh
 scratch=$(mktemp -d) || exit 1
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch" || exit 1
-export SCRIM="$scratch/stand-in" STATUS=0
+export SCRIM="$scratch/stand-in" STATUS=0 LANG=C.UTF-8
+unset LC_CTYPE
 cat >stand-in <<'END'
 #!/bin/sh
 printf '%s\n' "$*" >>calls
+printenv LC_ALL >locale
 printf '%s' "$ANSWER"
 [ "$STATUS" != term ] || kill -TERM $$
 exit "$STATUS"
@@ -28,9 +30,11 @@ fail() {
   failures=$((failures + 1))
 }
 
-# check CASE ANSWER A B RETN STATUS: what reading A and B from the answer leaves behind.
+# check CASE ANSWER A B RETN STATUS: what reading A and B from the answer leaves behind. The program
+# runs in the caller's locale, which is the same afterwards.
 check() {
   export ANSWER="$2"
+  locale="${LC_ALL-none},$(printenv LC_ALL)"
   A=old B=old RETN=stale C=other search=$PATH SCRIM=7
   got=0
   scrim_read A B -- -f form 2>messages || got=$?
@@ -38,12 +42,18 @@ check() {
   [ "$got" = "A=$3 B=$4 RETN=$5 $6 ${7-} C=other" ] || fail "$1" "$got"
   [ "$PATH" = "$search" ] || fail "$1" "another PATH"
   [ ! -e touched ] || fail "$1" "a command run"
+  got="${LC_ALL-none},$(printenv LC_ALL),$(cat locale)"
+  [ "$got" = "$locale,${locale#*,}" ] || fail "$1" "locale $got"
 }
 
-# value CASE VALUE: the value comes back whole, alone, before and behind another one.
+# value CASE VALUE: the value comes back whole, alone, before and behind another one. UTF-8 is told
+# by LC_ALL, exported and not, and by LANG.
 value() {
+  export LC_ALL=C.UTF-8
   check "$1, alone" "A=\"$2\";export A;RETN=ok$newline" "$2" old ok 0
+  unset LC_ALL && LC_ALL=C.UTF-8
   check "$1, first" "A=\"$2\";export A;B=\"b\";export B;RETN=ok$newline" "$2" b ok 0
+  unset LC_ALL
   check "$1, last" "B=\"b\";export B;A=\"$2\";export A;RETN=ok$newline" "$2" b ok 0
 }
 
@@ -60,6 +70,7 @@ value 'assignment of its own name' 'x";export A;A="y'
 value 'a result line' 'x";export A;RETN=evil'
 value 'a result line and a newline' "x\";export A;RETN=evil$newline"
 value 'bytes above ASCII' 'Köln'
+value 'a byte that is no character, and a backslash' "$(printf '\303\\')"
 check 'listed name imitated that is absent' \
   "A=\"x\";export A;B=\"y\";export A;RETN=ok$newline" 'x";export A;B="y' old ok 0
 two_ways="A=\"x\";export A;B=\"y\";export A;B=\"z\";export B;RETN=ok$newline"
@@ -74,8 +85,12 @@ check 'cut off' 'A="x";export A' old old '' 0
 STATUS=3 && check 'failing program' "$two_ways" old old '' 3
 STATUS=term && check 'program ended by a signal' "$two_ways" old old '' 143
 
+STATUS=0 ANSWER="LC_ALL=\"POSIX\";export LC_ALL;RETN=ok$newline"
+scrim_read LC_ALL -- -f form
+[ "$(printenv LC_ALL)" = POSIX ] || fail 'the locale asked for' "${LC_ALL-none}"
+
 rm -f calls
-STATUS=0 ANSWER=
+ANSWER=
 for call in '1bad -- -f x' 'A;B -- -f x' 'A -f x' '--'; do
   # shellcheck disable=SC2086 # words
   (IFS=' ' && scrim_read $call 2>/dev/null) && fail "$call" 'status 0'

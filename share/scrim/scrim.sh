@@ -59,8 +59,17 @@ scrim_read() {
     { stty "$_scrim_tty" </dev/tty; } 2>/dev/null || :
   fi
   [ "$_scrim_status" -eq 0 ] || return "$_scrim_status"
+  # Taken apart as bytes: bash's and ksh's patterns change those that are no character of the locale.
+  _scrim_locale=${LC_ALL+=}${LC_ALL-}
+  LC_ALL=C
   _scrim_line=${_scrim_line%.}
-  _scrim_take "${_scrim_line%"$_scrim_newline"}" || return 254
+  _scrim_take "${_scrim_line%"$_scrim_newline"}" || _scrim_status=254
+  # A shell complains again here of a locale that the machine does not have.
+  case $_scrim_locale in
+    =*) { LC_ALL=${_scrim_locale#=}; } 2>/dev/null ;;
+    *) unset LC_ALL ;;
+  esac
+  return "$_scrim_status"
 }
 
 # scrim_progress ROW WIDTH CURRENT TOTAL
@@ -179,6 +188,7 @@ _scrim_assign() {
         _scrim_value=$2
         # Only the name, one of the caller's own, is evaluated.
         eval "$1=\$_scrim_value; export $1"
+        [ "$1" != LC_ALL ] || _scrim_locale="=$2"
         ;;
     esac
     shift 4
