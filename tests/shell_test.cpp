@@ -53,6 +53,7 @@ echo "$?")");
   ASSERT_GT(number, 1);
   ASSERT_EQ(kill(number, SIGKILL), 0);
   t.expect_exit(0, "137\n");
+  EXPECT_TRUE(t.raw().ends_with("\033[?1l\033>")) << "the keypad still transmits";
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Shell, testing::Values("dash", "bash", "busybox sh", "ksh"));

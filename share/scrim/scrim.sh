@@ -52,11 +52,11 @@ scrim_read() {
     *) SCRIM= ;;
   esac
   _scrim_status=0
-  # scrim handles no signals: one that ends it leaves the terminal raw.
+  # scrim handles no signals: one that ends it leaves the terminal raw and its keypad transmitting.
   _scrim_tty=$({ stty -g </dev/tty; } 2>/dev/null) || _scrim_tty=
   _scrim_line=$(_scrim_run "$@") || _scrim_status=$?
   if [ "$_scrim_status" -gt 128 ] && [ -n "$_scrim_tty" ]; then
-    { stty "$_scrim_tty" </dev/tty; } 2>/dev/null || :
+    { stty "$_scrim_tty" </dev/tty; tput rmkx >/dev/tty; } 2>/dev/null || :
   fi
   [ "$_scrim_status" -eq 0 ] || return "$_scrim_status"
   # Taken apart as bytes: bash's and ksh's patterns change those that are no character of the locale.
