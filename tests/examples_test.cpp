@@ -2,6 +2,8 @@
 
 #include "tests/terminal.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 namespace scrim {
@@ -58,6 +60,8 @@ TEST(Examples, OrderIsCheckedOverAllPages) {
 
 TEST(Examples, LogLineIsHandedBack) {
   Terminal t;
+  std::filesystem::create_directory(t.path("a:b,c"));
+  t.env("TMPDIR", t.path("a:b,c"));
   t.command({example("logview/logview.sh")});
   t.expect_text(2, 3, "10:11:00 job 1 finished");
   t.expect_reverse(2, 3, 73);

@@ -30,7 +30,8 @@ const std::string steps[][2] = {
 };
 
 void expect_stored(Terminal& t, const std::string& sql) {
-  t.env("TMPDIR", t.path("."));
+  std::filesystem::create_directory(t.path("a:b,c"));
+  t.env("TMPDIR", t.path("a:b,c"));
   t.command({"sh", "-c", example + "orders.sh;" + sql + " 'select * from customers order by 1'"});
   for (const auto& [shown, typed] : steps) {
     t.emulator.await_key(20, 10000);

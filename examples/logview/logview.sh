@@ -8,10 +8,16 @@ work=$(mktemp -d) || exit
 trap 'rm -rf "$work"' EXIT
 trap 'exit 130' INT TERM HUP
 
-# A copy: names with a colon would end the item, and the file may grow while it is shown.
+# A copy: the file may grow while it is shown. Its name, and that of the screen file, are without a
+# directory: a colon would end the item, a comma the name of the screen file.
 LOG_TITLE=${1:-A log}
-LOG_FILE=$work/log
+LOG_FILE=log
 export LOG_TITLE LOG_FILE
+case ${1-} in
+  '' | /*) ;;
+  *) set -- "$PWD/$1" ;;
+esac
+cd "$work" || exit
 
 fetch() {
   if [ $# -gt 0 ]; then
@@ -25,14 +31,14 @@ fetch() {
   fi
 }
 
-cp "$here/logview.scrim" "$work/again.scrim" || exit
+cp "$here/logview.scrim" again.scrim || exit
 RETN=again
 while [ "$RETN" = again ]; do
   fetch "$@" >"$LOG_FILE" || exit
   POSITION=1,0
-  scrim_read POSITION -- -f "$work/again.scrim" || exit
+  scrim_read POSITION -- -f again.scrim || exit
   # Show the window as it was left.
-  { cat "$here/logview.scrim" && echo "swpos:$POSITION"; } >"$work/again.scrim"
+  { cat "$here/logview.scrim" && echo "swpos:$POSITION"; } >again.scrim
 done
 
 [ "$RETN" = show ] && sed -n "${POSITION%,*}p" "$LOG_FILE"

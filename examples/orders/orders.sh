@@ -15,7 +15,8 @@ esac
 work=$(mktemp -d) || exit
 trap 'rm -rf "$work"' EXIT
 trap 'exit 130' INT TERM HUP
-cd "$here" || exit
+# A colon would end the name of the list in its screen file, a comma that of a screen file.
+cp "$here"/*.scrim "$work" && cd "$work" || exit
 
 # Parts the columns of a row. Unlike a tab it keeps empty columns apart, and nobody can type it.
 unit=$(printf '\037')
@@ -25,18 +26,18 @@ PGOPTIONS="${PGOPTIONS-} -c standard_conforming_strings=on -c datestyle=iso"
 PGOPTIONS="$PGOPTIONS -c client_min_messages=warning"
 export PGOPTIONS
 
-# sql STATEMENT: runs it; the rows go to $work/rows, one a line, a line break in a value as a blank.
+# sql STATEMENT: runs it; the rows go to the file rows, one a line, a line break in a value as a blank.
 # When the database refuses, shows what it says and returns 1.
 sql() {
   if [ -n "$file" ]; then
     sqlite3 -batch -ascii "$file" "$1"
   else
     psql -qAtwX0 -F "$unit" -c "$1"
-  fi >"$work/answer" 2>"$work/error" || {
-    scrim -e "$(head -n 1 "$work/error" | cut -c 1-56)"
+  fi >answer 2>error || {
+    scrim -e "$(head -n 1 error | cut -c 1-56)"
     return 1
   }
-  tr '\n\036\000' ' \n\012' <"$work/answer" >"$work/rows"
+  tr '\n\036\000' ' \n\012' <answer >rows
 }
 
 # literal COLUMN VALUE: prints the value of a fragment so that it is safe in a statement, or nothing
@@ -81,12 +82,12 @@ take_apart() {
       "like ''" | '= NULL') ;; # typed and deleted again: looks for nothing
       *) conditions="$conditions and $column $operator $value" ;;
     esac
-  done <"$work/fragments"
+  done <fragments
 }
 
 # ask OPTION SCREEN: shows a form that writes fragments. Returns 1 if there is nothing to be done.
 ask() {
-  scrim_read -- "$1$work/fragments" -f "$2" || exit
+  scrim_read -- "$1"fragments -f "$2" || exit
   [ "$RETN" = ok ] || return
   take_apart && return
   scrim -e "This is no value for $column, nothing was done."
@@ -104,7 +105,7 @@ keep_typed() {
       SINCE) CUSTOMER_SINCE=$typed ;;
       CREDIT) CUSTOMER_CREDIT=$typed ;;
     esac
-  done <"$work/fragments"
+  done <fragments
 }
 
 add() {
@@ -115,7 +116,7 @@ add() {
     keep_typed
   done
   sql "insert into customers ($columns) values ($values) returning id" || return
-  message="Stored as customer $(cat "$work/rows")."
+  message="Stored as customer $(cat rows)."
 }
 
 search() {
@@ -124,14 +125,14 @@ search() {
       substr(day, 6, 2) || '/' || substr(day, 9, 2) || '/' || substr(day, 1, 4), credit
     from (select *, cast(since as text) as day from customers) as dated
     where true $conditions order by name, id" || return
-  if [ ! -s "$work/rows" ]; then
+  if [ ! -s rows ]; then
     message='Nobody was found.'
     return
   fi
   while IFS=$unit read -r id name town since credit; do
     printf '%-26.26s %-20.20s %-10.10s %12.12s\n' "$name" "$town" "$since" "$credit"
-  done <"$work/rows" >"$work/list"
-  FOUND=$work/list POSITION=1,0
+  done <rows >list
+  FOUND=list POSITION=1,0
   export FOUND
   scrim_read POSITION -- -f found.scrim || exit
   [ "$RETN" = change ] && change "${POSITION%,*}"
@@ -141,14 +142,14 @@ search() {
 # file and is shown as a blank; only a field that the user changes is written, so the row keeps it.
 change() {
   IFS=$unit read -r id CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT <<END
-$(sed -n "$1{y/:/ /;p;}" "$work/rows")
+$(sed -n "$1{y/:/ /;p;}" rows)
 END
   export CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT
   ask -U change.scrim || return
   message='Nothing was changed.'
   [ -n "$assignments" ] || return
   sql "update customers set $assignments where id = $id returning id" || return
-  [ -s "$work/rows" ] && message="Customer $id is changed."
+  [ -s rows ] && message="Customer $id is changed."
 }
 
 sql "create table if not exists customers (id $key, name varchar(60) not null,
