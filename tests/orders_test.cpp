@@ -27,18 +27,32 @@ const std::string steps[][2] = {
     {"This is no value for CREDIT", "x"},
     {"[Nobody", "\030"},
     {"Add a customer", "Q\r"},
+    // Another program has stored a customer with bytes that end fields and rows.
+    {"Add a customer", "F\r"},
+    {"Find customers", "\n"},
+    {"│ │ A 1 or true Forged         x y 2 z", std::string(kDown) + "\n"},
+    {"[O'Brien's  ", "!\n"},
+    {"Customer 2 is changed.", "F\r"},
+    {"Find customers", "\n"},
+    {"│ │ x'); drop table", std::string(kDown) + kDown + kDown + "\n"},
+    {"No customer was chosen.", "Q\r"},
 };
+const std::string name = "A\0361 or true\037Forged", town = "x\037y\n2\rz";
 
 void expect_stored(Terminal& t, const std::string& sql) {
   std::filesystem::create_directory(t.path("a:b,c"));
   t.env("TMPDIR", t.path("a:b,c"));
-  t.command({"sh", "-c", example + "orders.sh;" + sql + " 'select * from customers order by 1'"});
+  t.command({"sh", "-c",
+             example + "orders.sh;" + sql + " \"insert into customers (name, town) values ('" +
+                 name + "', '" + town + "')\";" + example + "orders.sh;" + sql +
+                 " 'select * from customers order by 1'"});
   for (const auto& [shown, typed] : steps) {
     t.emulator.await_key(20, 10000);
     t.expect_shown(shown);
     t.type(typed);
   }
-  t.expect_exit(0, "1|x'); drop table customers; --!'|c/o: $(exit)||12.25\n2|O'Brien's|||\n");
+  t.expect_exit(0, "1|x'); drop table customers; --!'|c/o: $(exit)||12.25\n2|O'Brien's!|||\n3|" +
+                       name + "|" + town + "||\n");
 }
 
 TEST(Orders, InSqlite) {

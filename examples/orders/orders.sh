@@ -18,7 +18,7 @@ trap 'exit 130' INT TERM HUP
 # A colon would end the name of the list in its screen file, a comma that of a screen file.
 cp "$here"/*.scrim "$work" && cd "$work" || exit
 
-# Parts the columns of a row. Unlike a tab it keeps empty columns apart, and nobody can type it.
+# Parts the columns of a row. Unlike a tab it keeps empty columns apart.
 unit=$(printf '\037')
 
 # What values are read and shown by, whatever the server's own settings are.
@@ -26,8 +26,15 @@ PGOPTIONS="${PGOPTIONS-} -c standard_conforming_strings=on -c datestyle=iso"
 PGOPTIONS="$PGOPTIONS -c client_min_messages=warning"
 export PGOPTIONS
 
-# sql STATEMENT: runs it; the rows go to the file rows, one a line, a line break in a value as a blank.
-# When the database refuses, shows what it says and returns 1.
+# plain EXPRESSION: prints SQL for its text, with a blank for every byte that would end a column or
+# a row. Nobody can type these bytes, but another program may have stored them.
+plain() {
+  printf "replace(replace(replace(replace(cast(%s as text), '\036', ' '), '\037', ' '),
+    '\n', ' '), '\r', ' ')" "$1"
+}
+
+# sql STATEMENT: runs it; the rows go to the file rows, one a line. When the database refuses, shows
+# what it says and returns 1.
 sql() {
   if [ -n "$file" ]; then
     sqlite3 -batch -ascii "$file" "$1"
@@ -37,7 +44,7 @@ sql() {
     scrim -e "$(head -n 1 error | cut -c 1-56)"
     return 1
   }
-  tr '\n\036\000' ' \n\012' <answer >rows
+  tr '\036\000' '\n\012' <answer >rows
 }
 
 # literal COLUMN VALUE: prints the value of a fragment so that it is safe in a statement, or nothing
@@ -121,8 +128,8 @@ add() {
 
 search() {
   ask -W find.scrim || return
-  sql "select id, name, town,
-      substr(day, 6, 2) || '/' || substr(day, 9, 2) || '/' || substr(day, 1, 4), credit
+  day="substr(day, 6, 2) || '/' || substr(day, 9, 2) || '/' || substr(day, 1, 4)"
+  sql "select $(plain id), $(plain name), $(plain town), $(plain "$day"), $(plain credit)
     from (select *, cast(since as text) as day from customers) as dated
     where true $conditions order by name, id" || return
   if [ ! -s rows ]; then
@@ -144,6 +151,13 @@ change() {
   IFS=$unit read -r id CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT <<END
 $(sed -n "$1{y/:/ /;p;}" rows)
 END
+  # Below the rows there is none. What stands in a statement has to be a number.
+  case ${id#-} in
+    '' | *[!0-9]*)
+      message='No customer was chosen.'
+      return
+      ;;
+  esac
   export CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT
   ask -U change.scrim || return
   message='Nothing was changed.'
