@@ -46,7 +46,7 @@ TEST(Pages, EveryOptionHasItsEntryAndCompletions) {
 }
 
 TEST(Pages, EveryExitStatusHasItsEntry) {
-  const words statuses = found(source("src/common/text.h"), "\n  exit_[a-z_]+ = ([0-9]+)");
+  const words statuses = found(source("src/common/program.h"), "\n  exit_[a-z_]+ = ([0-9]+)");
   const std::string page = source("man/scrim.1");
   const std::string section = page.substr(page.find("\n.Sh EXIT STATUS"));
   EXPECT_EQ(found(section, "\n\\.It ([0-9]+)(?=\n)"), statuses);

@@ -1,5 +1,6 @@
 // Rules that need no terminal: dates, substitution, button labels, the graph of cursor keys.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "runtime/validation.h"
 #include "screens/directives.h"

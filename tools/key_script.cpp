@@ -3,7 +3,7 @@
 
 #include "tools/key_script.h"
 
-#include "common/text.h"
+#include "common/program.h"
 
 #include <algorithm>
 #include <cstdlib>

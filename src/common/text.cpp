@@ -1,18 +1,11 @@
-// common/text: scratch buffers, the bounded copy and the number reader that every room uses.
-// Nothing here writes past an array, whatever it is given.
+// common/text: the bounded copy, letters, what a terminal may be sent, and the number reader.
+// What comes from outside is read as far as it makes sense, and never further.
 
 #include "common/text.h"
 
-#include <cstdio>
 #include <cstdlib>
 
 namespace scrim {
-
-char cbuf[scratch_size];
-char tbuf[scratch_size];
-char lbuf[scratch_size];
-char** largv = nullptr;
-const char* progname = "scrim";
 
 static bool is_between(char c, int lowest, int highest) {
   const int byte = static_cast<unsigned char>(c);
@@ -55,25 +48,6 @@ std::size_t printable_length(const char* s, std::size_t n) {
   if (const std::size_t length = utf8_length(s, n)) return length;
   return is_between(*s, 0xa0, 0xff) ? 1 : 0;
 }
-
-static void write_printable(FILE* to, std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = printable_length(text.data(), text.size());
-    if (length == 0) {
-      putc('?', to);
-    } else {
-      fwrite(text.data(), 1, length, to);
-    }
-    text.remove_prefix(std::max<std::size_t>(length, 1));
-  }
-}
-
-void print(FILE* to, std::initializer_list<std::string_view> parts) {
-  for (const std::string_view part : parts) write_printable(to, part);
-  putc('\n', to);
-}
-
-void complain(std::initializer_list<std::string_view> parts) { print(stderr, parts); }
 
 int read_numbers(const char* text, const char* separators, int* numbers, int limit) {
   const int wanted = static_cast<int>(std::strlen(separators)) + 1;

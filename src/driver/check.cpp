@@ -2,13 +2,14 @@
 // Each line goes through the loader's own reader, table and handlers. What would end the program is
 // noted, and loading goes on behind it; what they let pass is judged by the records they leave.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/loader.h"
 #include "screens/model.h"
 #include "screens/reader.h"
 #include "term/drawing.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <csetjmp>
 #include <cstdarg>

@@ -3,6 +3,7 @@
 
 #include "driver/diagnostics.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "term/capabilities.h"
 #include "term/keys.h"

@@ -1,6 +1,7 @@
 // driver/main: one pass over the command line, one mode, one ending.
 // An option acts when it is met; the words of a mode are looked at before the terminal is touched.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "driver/diagnostics.h"
 #include "output/results.h"
@@ -9,7 +10,7 @@
 #include "screens/loader.h"
 #include "term/capabilities.h"
 #include "term/drawing.h"
-#include "term/popup.h"
+#include "term/endings.h"
 #include "term/tty.h"
 #include "values/values.h"
 

@@ -3,6 +3,7 @@
 
 #include "output/results.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "runtime/validation.h"
 

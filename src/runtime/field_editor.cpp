@@ -3,6 +3,7 @@
 
 #include "runtime/field_editor.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "term/drawing.h"
 #include "term/keys.h"

@@ -3,6 +3,7 @@
 
 #include "runtime/form_loop.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "output/results.h"
 #include "runtime/field_editor.h"

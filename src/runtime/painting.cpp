@@ -4,9 +4,10 @@
 
 #include "runtime/painting.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "term/drawing.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <cstdint>
 

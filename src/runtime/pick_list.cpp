@@ -3,6 +3,7 @@
 
 #include "runtime/pick_list.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/model.h"
 #include "term/capabilities.h"

@@ -3,10 +3,11 @@
 
 #include "runtime/validation.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "runtime/painting.h"
 #include "runtime/switching.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <cstdio>
 #include <cstring>

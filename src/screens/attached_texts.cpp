@@ -1,10 +1,11 @@
 // screens/attached_texts: the two blocks of text that checking a checkbox paints.
 // A block is read once into a growing buffer, since standard input cannot be read twice.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <cstddef>
 #include <cstdlib>

@@ -1,6 +1,7 @@
 // screens/buttons_and_fields: the directives of buttons and edit fields.
 // A label is built as it is painted: brackets included, the hot key marked by its top bit.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"

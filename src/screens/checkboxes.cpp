@@ -1,10 +1,11 @@
 // screens/checkboxes: the directives of checkboxes.
 // The exclusive ones of a screen form one chain, in which ticking one clears the others.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 namespace scrim {
 

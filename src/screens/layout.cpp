@@ -1,6 +1,7 @@
 // screens/layout: the directives that set up a screen rather than a gadget of its own: window,
 // name and title, default action, frames and lines of text.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"

@@ -4,11 +4,12 @@
 
 #include "screens/loader.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/neighbours.h"
 #include "screens/reader.h"
-#include "term/popup.h"
+#include "term/endings.h"
 #include "values/values.h"
 
 #include <cstdio>

@@ -3,8 +3,9 @@
 
 #include "screens/model.h"
 
+#include "common/program.h"
 #include "common/text.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <climits>
 #include <cstdint>

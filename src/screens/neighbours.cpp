@@ -7,8 +7,9 @@
 
 #include "screens/neighbours.h"
 
+#include "common/program.h"
 #include "common/text.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <algorithm>
 #include <climits>

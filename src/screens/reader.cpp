@@ -3,8 +3,9 @@
 
 #include "screens/reader.h"
 
+#include "common/program.h"
 #include "common/text.h"
-#include "term/popup.h"
+#include "term/endings.h"
 #include "values/values.h"
 
 #include <sys/stat.h>

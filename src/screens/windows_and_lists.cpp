@@ -2,10 +2,11 @@
 // A scroll window's file is read to its end once, in pieces that are counted while they are still
 // in the processor's cache; it may be a pipe, whose size nobody knows beforehand.
 
+#include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
 #include "screens/reader.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <cerrno>
 #include <climits>

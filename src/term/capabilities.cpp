@@ -3,6 +3,7 @@
 
 #include "term/capabilities.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "term/tty.h"
 

@@ -3,6 +3,7 @@
 
 #include "term/keys.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "term/capabilities.h"
 #include "term/leaving.h"

@@ -3,8 +3,9 @@
 
 #include "values/values.h"
 
+#include "common/program.h"
 #include "common/text.h"
-#include "term/popup.h"
+#include "term/endings.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// term/popup: the error pop-up, and the endings that it announces.
+// term/endings: the error pop-up, and the endings that it announces.
 // It stands above the keys because it waits for one.
 #pragma once
 

@@ -1,8 +1,9 @@
-// term/popup: the error pop-up, and the endings that it announces.
+// term/endings: the error pop-up, and the endings that it announces.
 // A message is always shown, on the terminal where there is one, else as a line of its own.
 
-#include "term/popup.h"
+#include "term/endings.h"
 
+#include "common/program.h"
 #include "common/text.h"
 #include "term/capabilities.h"
 #include "term/drawing.h"
