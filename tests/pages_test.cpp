@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "screens/loader.h"
+#include "screens/directives.h"
 #include "tests/terminal.h"
 
 namespace scrim {

@@ -11,11 +11,13 @@
 #include "term/drawing.h"
 #include "term/endings.h"
 
-#include <csetjmp>
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <iterator>
+#include <string_view>
 
 #include <unistd.h>
 
@@ -231,8 +233,7 @@ enum {
   sets_window = 1,
   in_window = 2,  // means something only in a window
   is_block = 4,   // lines up to endtext: follow
-  or_cursor = 8,  // the word "cursor" may stand for the number
-  opens_file = 16
+  or_cursor = 8   // the word "cursor" may stand for the number
 };
 struct rule {
   const char* keyword;
@@ -260,8 +261,8 @@ static const rule rules[] = {
     {"xcheckbox", in_window, "X,Y", nullptr},
     {"dxcheckbox", in_window, "X,Y", nullptr},
     {"poplist", in_window, "X,Y", nullptr},
-    {"swin", in_window | opens_file, "X,Y,W,H", nullptr},
-    {"dswin", in_window | opens_file, "X,Y,W,H", nullptr},
+    {"swin", in_window, "X,Y,W,H", nullptr},
+    {"dswin", in_window, "X,Y,W,H", nullptr},
     {"swhigh", or_cursor, "LINE", nullptr},
     {"swpos", 0, "LINE,OFFSET", check_position},
 };
@@ -290,7 +291,6 @@ static bool check_sizes(std::string_view names, const int* numbers) {
 
 // Whether the line has the numbers that it needs. Reports those that it has not.
 static bool check_numbers(const rule& wanted) {
-  enum { most_numbers = 4 };
   const char* at = first_item(cbuf);
   const char* text = at ? at : "";
   const std::string_view item = next_item(at);
@@ -321,39 +321,19 @@ static void check_order(const rule& wanted) {
 
 // Loading, step by step.
 
-static std::jmp_buf behind_ending;
-
-// Where the program would end with a message: the step ends instead.
-static void note_ending(const char* message, int) {
-  report(curscreen, line_number, "%s", message);
-  std::longjmp(behind_ending, 1);
-}
-
-// The result of a step, 0 or 1, or -1 when a message ended it. Nothing that is jumped over, in the
-// loader or in its handlers, has a destructor.
-static int attempt(bool (*step)()) {
-  if (setjmp(behind_ending) != 0) return -1;
-  return step() ? 1 : 0;
-}
-
-static bool run_line() {
-  run_directive();
+// Reports why a step was refused, if it was; returns whether it was.
+static bool take_refusal() {
+  if (refused.status == 0) return false;
+  report(curscreen, line_number, "%s", refused.message);
+  refused.status = 0;
   return true;
 }
 
 // What is left of a block whose directive has failed is no directive.
 static void finish_block(bool done, int line) {
-  while (!done && attempt(next_block_line) != 0) continue;
+  while (!done && (next_block_line() || take_refusal())) continue;
   if (!std::string_view(cbuf).starts_with("endtext:"))
     report(curscreen, line, "endtext: is missing");
-}
-
-// A scroll window whose file could not be read: the directives that follow refer to it.
-static void finish_scroll_window(const gadget_list* last) {
-  per_screen& screen = s_screen[curscreen];
-  if (screen.blp == last) return;
-  screen.last_swin = screen.blp;
-  screen.blp->flags = GF_SWIN;
 }
 
 static bool is_shell_name(std::string_view name) {
@@ -394,9 +374,9 @@ static void load_line() {
   const gadget_list* last = s_screen[curscreen].blp;
   check_order(wanted);
   const bool numbered = check_numbers(wanted);
-  const bool done = attempt(run_line) == 1;
+  run_directive();
+  const bool done = !take_refusal();
   if (wanted.traits & is_block) finish_block(done, line);
-  if ((wanted.traits & opens_file) && !done) finish_scroll_window(last);
   if (wanted.after && done && numbered) wanted.after(line);
   note_gadgets(last, wanted, line, numbered);
 }
@@ -406,8 +386,13 @@ static bool load_screen() {
     complain({"scrim-check: Can't find screen file ", s_screen[curscreen].path});
     return false;
   }
-  while (const int read = attempt(next_directive))
-    if (read == 1) load_line();
+  for (;;) {
+    if (next_directive()) {
+      load_line();
+    } else if (!take_refusal()) {
+      break;
+    }
+  }
   close_screen();
   return true;
 }
@@ -608,7 +593,6 @@ static bool is_good_call(char** lists) {
 
 static int run_checks(char** lists, bool quiet) {
   bool opened = true;
-  ending = note_ending;
   for (; *lists; lists++) opened = check_list(*lists) && opened;
   if (!quiet) print_problems();
   if (!opened) return wrong_call;

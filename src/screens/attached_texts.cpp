@@ -2,13 +2,15 @@
 // A block is read once into a growing buffer, since standard input cannot be read twice.
 
 #include "common/program.h"
-#include "common/text.h"
 #include "screens/directives.h"
+#include "screens/model.h"
 #include "screens/reader.h"
 #include "term/endings.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
 
 namespace scrim {
 
@@ -21,11 +23,14 @@ static save_text* resize(save_text* record, std::size_t room) {
   return static_cast<save_text*>(memory);
 }
 
-save_text* f_text_core(const save_text* txt) {
-  if (txt) end_with("Screen file syntax error - multiple text", exit_screen);
-  int position[2];
-  const char* at = first_item(cbuf);
-  next_numbers(at, ",", position);
+save_text* f_text_core(save_text* txt) {
+  if (txt) {
+    refuse(exit_screen, {"Screen file syntax error - multiple text"});
+    return txt;
+  }
+  int position[most_numbers];
+  const char* at = nullptr;
+  first_numbers(at, position);
 
   std::size_t room = scratch_size;
   std::size_t length = 0;
@@ -38,6 +43,10 @@ save_text* f_text_core(const save_text* txt) {
     std::memcpy(record->text + length, tbuf, n);
     length += n;
     record->text[length++] = '\n';
+  }
+  if (refused.status != 0) {
+    free(record);
+    return nullptr;
   }
   record->text[length] = 0;
   record->x = s_screen[curscreen].windx + position[0];

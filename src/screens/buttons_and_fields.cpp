@@ -4,7 +4,11 @@
 #include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
+#include "screens/model.h"
 #include "screens/reader.h"
+
+#include <cstddef>
+#include <string_view>
 
 namespace scrim {
 
@@ -88,9 +92,9 @@ static int automatic_button(int flag) {
 static int placed_button(int flag) {
   per_screen& screen = s_screen[curscreen];
   screen.gadgetc++;
-  int position[2];
-  const char* at = first_item(cbuf);
-  next_numbers(at, ",", position);
+  int position[most_numbers];
+  const char* at = nullptr;
+  first_numbers(at, position);
   return f_button_core(screen.windx + position[0], screen.windy + position[1], at, flag);
 }
 
@@ -108,11 +112,10 @@ static int type_of(std::string_view word) {
 int f_etext_core(int flag) {
   per_screen& screen = s_screen[curscreen];
   screen.gadgetc++;
-  int place[4];
+  int place[most_numbers];
   const char* at = first_item(cbuf);
-  const char* numbers = at ? at : "";
-  read_numbers(numbers, ",,/", place);
-  if (next_item(at).find('/') == std::string_view::npos) place[3] = place[2];
+  const bool has_most = next_item(at).find('/') != std::string_view::npos;
+  first_numbers(at, place);
 
   std::string_view text = next_item(at);
   if (text == "\\p") {
@@ -124,7 +127,7 @@ int f_etext_core(int flag) {
   field->x = screen.windx + place[0];
   field->y = screen.windy + place[1];
   field->w = place[2];
-  field->m = place[3];
+  field->m = has_most ? place[3] : place[2];
   copy_text(field->text, text);
   copy_text(field->op, next_item(at));
   field->dbtype = type_of(next_item(at));

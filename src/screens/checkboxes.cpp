@@ -4,37 +4,45 @@
 #include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
+#include "screens/model.h"
 #include "screens/reader.h"
-#include "term/endings.h"
+
+#include <string_view>
 
 namespace scrim {
 
-static save_text** slot_named(char reference) {
-  if (reference == 'a') return &atext;
-  if (reference == 'b') return &btext;
-  end_with("checkbox save text reference error", exit_screen);
+// The slot of the attached text that a checkbox names; null: it names none.
+static save_text** slot_named(const char* reference) {
+  if (!reference || !*reference) return nullptr;
+  if (*reference == 'a') return &atext;
+  if (*reference == 'b') return &btext;
+  refuse(exit_screen, {"checkbox save text reference error"});
+  return nullptr;
 }
 
-gadget_list* f_checkbox_core() {
+gadget_list* f_checkbox_core(int flags) {
   per_screen& screen = s_screen[curscreen];
-  int position[2];
-  const char* at = first_item(cbuf);
-  next_numbers(at, ",", position);
-  const std::string_view state = next_item(at);
+  int position[most_numbers];
+  const char* at = nullptr;
+  first_numbers(at, position);
+  const std::string_view state = next_item(at), name = next_item(at);
+  save_text** slot = slot_named(at);
+  if (refused.status != 0) return nullptr;
   screen.gadgetc++;
   gadget_list* box = CreateGadget();
+  box->flags = flags;
   box->x = screen.windx + position[0];
   box->y = screen.windy + position[1];
   box->w = 1;
+  box->tlink = slot;
   copy_text(box->text, state);
-  copy_text(box->op, next_item(at));
-  if (at && *at) box->tlink = slot_named(*at);
+  copy_text(box->op, name);
   return box;
 }
 
 static int exclusive_checkbox(int flags) {
-  gadget_list* box = f_checkbox_core();
-  box->flags = flags;
+  gadget_list* box = f_checkbox_core(flags);
+  if (!box) return 0;
   per_screen& screen = s_screen[curscreen];
   (screen.cb_link ? screen.cb_last->link : screen.cb_link) = box;
   screen.cb_last = box;
@@ -42,12 +50,12 @@ static int exclusive_checkbox(int flags) {
 }
 
 int f_checkbox() {
-  f_checkbox_core()->flags = GF_CHECKBOX;
+  f_checkbox_core(GF_CHECKBOX);
   return 0;
 }
 
 int f_dcheckbox() {
-  f_checkbox_core()->flags = GF_CHECKBOX | GF_DEFAULT;
+  f_checkbox_core(GF_CHECKBOX | GF_DEFAULT);
   return 0;
 }
 

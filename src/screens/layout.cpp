@@ -4,7 +4,11 @@
 #include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
+#include "screens/model.h"
 #include "screens/reader.h"
+
+#include <cstring>
+#include <string_view>
 
 namespace scrim {
 
@@ -36,9 +40,9 @@ int f_fulls() {
 }
 
 int f_pop() {
-  int size[2];
-  const char* at = first_item(cbuf);
-  next_numbers(at, ",", size);
+  int size[most_numbers];
+  const char* at = nullptr;
+  first_numbers(at, size);
   s_screen[curscreen].screentype = is_option(at ? at : "", "clear") ? ST_POP | ST_CLEAR : ST_POP;
   return screen_core((layout_columns - size[0]) / 2, (layout_rows - size[1]) / 2, size[0], size[1]);
 }
@@ -66,9 +70,9 @@ int f_bdefault() {
 }
 
 int f_box() {
-  int box[4];
-  const char* at = first_item(cbuf);
-  next_numbers(at, ",,,", box);
+  int box[most_numbers];
+  const char* at = nullptr;
+  first_numbers(at, box);
   const per_screen& screen = s_screen[curscreen];
   draw_frame_at_first(screen.windx + box[0], screen.windy + box[1], box[2], box[3]);
   return 0;

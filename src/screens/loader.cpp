@@ -7,48 +7,30 @@
 #include "common/program.h"
 #include "common/text.h"
 #include "screens/directives.h"
+#include "screens/model.h"
 #include "screens/neighbours.h"
 #include "screens/reader.h"
 #include "term/endings.h"
 #include "values/values.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
+#include <cstring>
+#include <string_view>
 
 namespace scrim {
 
-// clang-format off
-const char* const file_funcs[] = {
-    "fulls",       "button:",    "text:",     "title:",       "table:",      "name:",
-    "pop:",        "box:",       "pbutton:",  "dbutton:",     "dpbutton:",   "etext",
-    "detext",      "bdefault",   "checkbox",  "dcheckbox",    "xcheckbox",   "dxcheckbox",
-    "atext",       "btext",      "swin",      "dswin",        "swhigh",      "swdefer",
-    "swpos",       "poplist",    "",
-};
-int (*const file_funcs_x[])() = {
-    f_fulls,       f_button,     f_text,      f_title,        f_table,       f_name,
-    f_pop,         f_box,        f_pbutton,   f_dbutton,      f_dpbutton,    f_etext,
-    f_detext,      f_bdefault,   f_checkbox,  f_dcheckbox,    f_xcheckbox,   f_dxcheckbox,
-    f_atext,       f_btext,      f_swin,      f_dswin,        f_swhigh,      f_swdefer,
-    f_swpos,       f_poplist,    nullptr,
-};
-// clang-format on
-static_assert(std::size(file_funcs) == std::size(file_funcs_x));
-
-int directive_row(std::string_view line) {
-  for (int row = 0; *file_funcs[row]; row++)
-    if (line.starts_with(file_funcs[row])) return row;
-  return -1;
-}
+static const std::size_t shown_of_line =
+    1000;  // bytes of an unknown directive's line in its message
 
 void run_directive() {
   const int row = directive_row(cbuf);
   if (row == -1) {
-    snprintf(tbuf, sizeof tbuf, "Invalid Command: %.1000s", cbuf);
-    end_with(tbuf, exit_directive);
+    refuse(exit_directive, {"Invalid Command: ", std::string_view(cbuf).substr(0, shown_of_line)});
+  } else {
+    file_funcs_x[row]();
   }
-  file_funcs_x[row]();
 }
 
 bool open_screen() { return open_screen_file(s_screen[curscreen].path); }
@@ -78,9 +60,17 @@ void close_screen() {
   link_neighbours(s_screen[curscreen]);
 }
 
+static void end_if_refused() {
+  if (refused.status != 0) end_with(refused.message, refused.status);
+}
+
 int ParseScreenFile() {
   if (!open_screen()) return 1;
-  while (next_directive()) run_directive();
+  while (next_directive()) {
+    run_directive();
+    end_if_refused();
+  }
+  end_if_refused();
   close_screen();
   return 0;
 }

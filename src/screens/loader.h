@@ -2,8 +2,6 @@
 // The screens, their gadgets and the ways between them are complete when it returns.
 #pragma once
 
-#include <string_view>
-
 namespace scrim {
 
 // Loads the files whose paths `fnames` lists, separated by commas; cuts `fnames` apart in place.
@@ -19,13 +17,10 @@ void make_table(char* fnames);
 bool open_screen();
 
 // Reads on to the next directive and substitutes its line into cbuf. Returns false at the end of
-// the file.
+// the file, or when a line is refused.
 bool next_directive();
 
-// The row of file_funcs that a line's directive has; -1: none.
-int directive_row(std::string_view line);
-
-// Runs the directive in cbuf; one that is unknown ends the program with a message and status 2.
+// Runs the directive in cbuf; one that is unknown is refused.
 void run_directive();
 
 // Closes the file, and completes the screen: its active gadget, and where the cursor keys lead.
@@ -33,10 +28,5 @@ void close_screen();
 
 // Loads the file of screen `curscreen`. Returns 0, or 1 when it cannot be opened.
 int ParseScreenFile();
-
-// The directives' keywords, 26 of them and an empty one that ends them, and their handlers, each at
-// its keyword's place. A keyword is recognised as the beginning of a line.
-extern const char* const file_funcs[];
-extern int (*const file_funcs_x[])();
 
 }  // namespace scrim

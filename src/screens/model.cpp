@@ -4,9 +4,10 @@
 #include "screens/model.h"
 
 #include "common/program.h"
-#include "common/text.h"
+#include "term/drawing.h"
 #include "term/endings.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdint>
 #include <cstdio>

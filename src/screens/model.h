@@ -2,8 +2,6 @@
 // gadgets in the order of its file. Records live until the program ends.
 #pragma once
 
-#include <cstddef>
-
 namespace scrim {
 
 // Gadget flags.

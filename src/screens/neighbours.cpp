@@ -8,11 +8,11 @@
 #include "screens/neighbours.h"
 
 #include "common/program.h"
-#include "common/text.h"
 #include "term/endings.h"
 
 #include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <cstdlib>
 
 namespace scrim {

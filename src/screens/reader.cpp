@@ -1,12 +1,15 @@
-// screens/reader: the screen file being read, its lines, and the items of a line.
+// screens/reader: the screen file being read, its lines, the items of a line, and why a line cannot
+// be taken.
 // A line that is too long is refused, never cut in two: its rest would be read as a directive.
 
 #include "screens/reader.h"
 
 #include "common/program.h"
-#include "common/text.h"
-#include "term/endings.h"
 #include "values/values.h"
+
+#include <cstddef>
+#include <cstring>
+#include <initializer_list>
 
 #include <sys/stat.h>
 
@@ -17,8 +20,17 @@ static const int shown_of_line = 40;  // of those, what the complaint about a lo
 
 FILE* sfp = nullptr;
 int line_number = 0;
+refusal refused;
 
 static bool inside_line = false;  // the line read last was too long, and its rest is still to come
+
+void refuse(int status, std::initializer_list<std::string_view> parts) {
+  std::size_t n = 0;
+  for (const std::string_view part : parts)
+    n += part.copy(refused.message + n, sizeof refused.message - 1 - n);
+  refused.message[n] = 0;
+  refused.status = status;
+}
 
 static FILE* open_for_reading(const char* path) {
   if (std::strcmp(path, "stdin") == 0) return stdin;
@@ -64,8 +76,8 @@ bool next_line() {
     cbuf[++n] = 0;
     if (n <= line_limit) continue;
     inside_line = true;
-    snprintf(tbuf, sizeof tbuf, "Line too long: %.*s", shown_of_line, cbuf);
-    end_with(tbuf, exit_screen);
+    refuse(exit_screen, {"Line too long: ", std::string_view(cbuf, shown_of_line)});
+    return false;
   }
   cbuf[n] = 0;
   return true;
@@ -87,11 +99,6 @@ std::string_view next_item(const char*& at) {
   const std::string_view item(at, std::strcspn(at, ":"));
   at = at[item.size()] ? at + item.size() + 1 : nullptr;
   return item;
-}
-
-void next_numbers(const char*& at, const char* separators, int* numbers) {
-  read_numbers(at ? at : "", separators, numbers);
-  next_item(at);
 }
 
 std::size_t word_length(std::string_view text) {

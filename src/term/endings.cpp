@@ -33,10 +33,7 @@ int error_pop(const char* s) {
   return 0;
 }
 
-void (*ending)(const char* message, int status) = nullptr;
-
 void end_with(const char* s, int status) {
-  if (ending) ending(s, status);
   error_pop(s);
   win_exit(status);
 }

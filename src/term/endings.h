@@ -11,9 +11,6 @@ namespace scrim {
 // cannot be, writes s as one line to standard error and does not wait. Returns 0.
 int error_pop(const char* s);
 
-// What end_with does instead, which must not return; null: nothing.
-extern void (*ending)(const char* message, int status);
-
 // Shows s with error_pop and ends the program through win_exit with `status`.
 [[noreturn]] void end_with(const char* s, int status);
 
