@@ -4,14 +4,15 @@
 #include "driver/diagnostics.h"
 
 #include "common/program.h"
-#include "common/text.h"
 #include "term/capabilities.h"
+#include "term/key_codes.h"
 #include "term/keys.h"
 #include "term/leaving.h"
 #include "term/tty.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace scrim {
 
@@ -20,14 +21,29 @@ struct dump_row {
   char** string;
 };
 static const dump_row strings[] = {
-    {"T_KEYUP", &T_KEYUP},   {"T_KEYDN", &T_KEYDN},     {"T_KEYLT", &T_KEYLT},
-    {"T_KEYRT", &T_KEYRT},   {"T_KEYDL", &T_KEYDL},     {"T_KEYBS", &T_KEYBS},
-    {"T_KEYNP", &T_KEYNP},   {"T_KEYPP", &T_KEYPP},     {"T_ALTON", &T_ALTON},
-    {"T_ALTOFF", &T_ALTOFF}, {"T_ALTINI", &T_ALTINI},   {"T_CLEAR", &T_CLEAR},
-    {"T_UP", &T_UP},         {"T_DN", &T_DN},           {"T_LT", &T_LT},
-    {"T_RT", &T_RT},         {"T_HOME", &T_HOME},       {"T_CUP", &T_CUP},
-    {"T_SGR0", &T_SGR0},     {"T_STANDON", &T_STANDON}, {"T_STANDOFF", &T_STANDOFF},
-    {"T_ULON", &T_ULON},     {"T_ULOFF", &T_ULOFF},
+    {"T_KEYUP", &T_KEYUP},        //
+    {"T_KEYDN", &T_KEYDN},        //
+    {"T_KEYLT", &T_KEYLT},        //
+    {"T_KEYRT", &T_KEYRT},        //
+    {"T_KEYDL", &T_KEYDL},        //
+    {"T_KEYBS", &T_KEYBS},        //
+    {"T_KEYNP", &T_KEYNP},        //
+    {"T_KEYPP", &T_KEYPP},        //
+    {"T_ALTON", &T_ALTON},        //
+    {"T_ALTOFF", &T_ALTOFF},      //
+    {"T_ALTINI", &T_ALTINI},      //
+    {"T_CLEAR", &T_CLEAR},        //
+    {"T_UP", &T_UP},              //
+    {"T_DN", &T_DN},              //
+    {"T_LT", &T_LT},              //
+    {"T_RT", &T_RT},              //
+    {"T_HOME", &T_HOME},          //
+    {"T_CUP", &T_CUP},            //
+    {"T_SGR0", &T_SGR0},          //
+    {"T_STANDON", &T_STANDON},    //
+    {"T_STANDOFF", &T_STANDOFF},  //
+    {"T_ULON", &T_ULON},          //
+    {"T_ULOFF", &T_ULOFF},
 };
 
 static const char* name_of(int code) {

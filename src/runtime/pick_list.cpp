@@ -8,8 +8,13 @@
 #include "screens/model.h"
 #include "term/capabilities.h"
 #include "term/drawing.h"
+#include "term/key_codes.h"
 #include "term/keys.h"
 #include "term/tty.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
 
 namespace scrim {
 
@@ -139,10 +144,17 @@ struct list_key {
   bool (*action)(pick_list&, int key);
 };
 static const list_key keys[] = {
-    {XKEY_UP, move_up},      {key_ctrl_u, move_up},      {XKEY_DOWN, move_down},
-    {key_ctrl_d, move_down}, {' ', move_down},           {key_line_feed, take},
-    {key_return, take},      {key_tab, leave_by_tab},    {key_escape, cancel},
-    {key_ctrl_x, cancel},    {XKEY_MOUSE, take_clicked},
+    {XKEY_UP, move_up},       //
+    {key_ctrl_u, move_up},    //
+    {XKEY_DOWN, move_down},   //
+    {key_ctrl_d, move_down},  //
+    {' ', move_down},         //
+    {key_line_feed, take},    //
+    {key_return, take},       //
+    {key_tab, leave_by_tab},  //
+    {key_escape, cancel},     //
+    {key_ctrl_x, cancel},     //
+    {XKEY_MOUSE, take_clicked},
 };
 
 static bool act(pick_list& list, int key) {

@@ -25,6 +25,11 @@ save_text* btext = nullptr;
 char dbtablename[81];
 int swdefer = 0;
 
+// A gadget's flags are handed to `stand` as they are.
+static_assert(int{ATT_HOTKEY} == int{GF_BUTTON} && int{ATT_MASKED} == int{GF_PASSWORD});
+static_assert(int{ATT_BRACKET_KINDS} ==
+              (GF_ETEXT | GF_CHECKBOX | GF_XCHECKBOX | GF_PASSWORD | GF_POPLIST));
+
 static const char no_memory[] = "Can't allocate memory for gadget list";
 
 gadget_list* CreateGadget() {

@@ -5,10 +5,14 @@
 
 #include "common/program.h"
 #include "common/text.h"
+#include "term/key_codes.h"
 #include "term/tty.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include <unistd.h>
 
@@ -75,53 +79,81 @@ static char* termcap_string(const char* name) {
   return std::strlen(found) < room ? tgetstr(const_cast<char*>(name), &capept) : nullptr;
 }
 
-struct string_capability {
-  char* terminfo;       // as terminfo describes it
-  const char* termcap;  // its termcap name
-  char** destination;
+// What a key slot's bytes are called in the two descriptions. The library's names stand for places
+// in the description that it has loaded: they mean something only once it has one, and so are
+// called.
+struct key_slot {
+  std::int16_t code;
+  char* (*terminfo)();   // null: no key of the description
+  const char* termcap;   // null likewise
+  const char* fallback;  // termcap name taken when the first is absent or empty; or null
 };
-
-struct key_capability {
-  char* terminfo;
-  const char* termcap;
-  const char* fallback;  // termcap name taken when the first is absent or empty
+static constexpr key_slot slots[] = {
+    {XKEY_UP, [] { return key_up; }, "ku", nullptr},
+    {XKEY_DOWN, [] { return key_down; }, "kd", nullptr},
+    {XKEY_LEFT, [] { return key_left; }, "kl", nullptr},
+    {XKEY_RIGHT, [] { return key_right; }, "kr", nullptr},
+    {XKEY_DELETE, [] { return key_dc; }, "kD", nullptr},
+    {XKEY_BACKSPACE, [] { return key_backspace; }, "kb", nullptr},
+    {XKEY_NEXT, [] { return key_npage; }, "PD", "kN"},
+    {XKEY_PREV, [] { return key_ppage; }, "PU", "kP"},
+    {XKEY_UP, nullptr, nullptr, nullptr},     // Ctrl-K
+    {XKEY_RIGHT, nullptr, nullptr, nullptr},  // Ctrl-L
+    {XKEY_DOWN, nullptr, nullptr, nullptr},   // Ctrl-J
+    {XKEY_MOUSE, nullptr, nullptr, nullptr},
+    {XKEY_NULL, [] { return key_f0; }, "k1", nullptr},
+    {XKEY_F1, [] { return key_f1; }, "k2", nullptr},
+    {XKEY_F2, [] { return key_f2; }, "k3", nullptr},
+    {XKEY_F3, [] { return key_f3; }, "k4", nullptr},
+    {XKEY_F4, [] { return key_f4; }, "k5", nullptr},
+    {XKEY_F4, [] { return key_f5; }, "k6", nullptr},
+    {XKEY_F4, [] { return key_f6; }, "k7", nullptr},
+    {XKEY_F4, [] { return key_f7; }, "k8", nullptr},
+    {XKEY_F4, [] { return key_f8; }, "k9", nullptr},
+    {XKEY_F4, [] { return key_f9; }, "k;", nullptr},
+    {XKEY_F4, [] { return key_f10; }, "F1", nullptr},
+    {XKEY_F4, [] { return key_f11; }, "F2", nullptr},
+    {XKEY_F4, [] { return key_f12; }, "F3", nullptr},
+    {XKEY_F4, [] { return key_f13; }, "F4", nullptr},
+    {XKEY_F4, [] { return key_f14; }, "F5", nullptr},
+    {XKEY_F4, [] { return key_f15; }, "F6", nullptr},
+    {XKEY_F4, [] { return key_f16; }, "F7", nullptr},
+    {XKEY_F4, [] { return key_f17; }, "F8", nullptr},
+    {XKEY_F4, [] { return key_f18; }, "F9", nullptr},
+    {XKEY_F4, [] { return key_f19; }, "FA", nullptr},
+    {XKEY_F4, [] { return key_f20; }, "FB", nullptr},
+    {XKEY_F4, [] { return key_f21; }, "FC", nullptr},
+    {XKEY_F4, [] { return key_f22; }, "FD", nullptr},
+    {XKEY_F4, [] { return key_f23; }, "FE", nullptr},
+    {XKEY_F4, [] { return key_f24; }, "FF", nullptr},
+    {XKEY_F4, nullptr, nullptr, nullptr},  // never filled
 };
+static_assert(std::size(slots) == key_slots);
+static_assert(slots[slot_backspace].code == XKEY_BACKSPACE && slots[slot_mouse].code == XKEY_MOUSE);
+static_assert(slots[slot_control_k].code == XKEY_UP && slots[slot_control_l].code == XKEY_RIGHT);
+static_assert(slots[slot_control_j].code == XKEY_DOWN && slots[slot_function].code == XKEY_NULL);
 
-// The rows are laid out when the library has the terminal's description, which it keeps as one
-// table of strings in either mode.
+const std::array<std::int16_t, key_slots + 1> specialkeys = [] {
+  std::array<std::int16_t, key_slots + 1> codes = {};
+  for (std::size_t i = 0; i < key_slots; i++) codes[i] = slots[i].code;
+  return codes;
+}();
+
+static const char* key_bytes(const key_slot& slot) {
+  if (!slot.terminfo) return nullptr;
+  if (!use_termcap) return present(slot.terminfo());
+  const char* found = termcap_string(slot.termcap);
+  const bool missing = !found || !*found;
+  return missing && slot.fallback ? termcap_string(slot.fallback) : found;
+}
+
 static void load_keys() {
-  const key_capability keys[] = {
-      {key_up, "ku", nullptr},    {key_down, "kd", nullptr}, {key_left, "kl", nullptr},
-      {key_right, "kr", nullptr}, {key_dc, "kD", nullptr},   {key_backspace, "kb", nullptr},
-      {key_npage, "PD", "kN"},    {key_ppage, "PU", "kP"},
-  };
-  const key_capability functions[] = {
-      {key_f0, "k1", nullptr},  {key_f1, "k2", nullptr},  {key_f2, "k3", nullptr},
-      {key_f3, "k4", nullptr},  {key_f4, "k5", nullptr},  {key_f5, "k6", nullptr},
-      {key_f6, "k7", nullptr},  {key_f7, "k8", nullptr},  {key_f8, "k9", nullptr},
-      {key_f9, "k;", nullptr},  {key_f10, "F1", nullptr}, {key_f11, "F2", nullptr},
-      {key_f12, "F3", nullptr}, {key_f13, "F4", nullptr}, {key_f14, "F5", nullptr},
-      {key_f15, "F6", nullptr}, {key_f16, "F7", nullptr}, {key_f17, "F8", nullptr},
-      {key_f18, "F9", nullptr}, {key_f19, "FA", nullptr}, {key_f20, "FB", nullptr},
-      {key_f21, "FC", nullptr}, {key_f22, "FD", nullptr}, {key_f23, "FE", nullptr},
-      {key_f24, "FF", nullptr},
-  };
-  auto load = [](const key_capability& row) -> const char* {
-    if (!use_termcap) return present(row.terminfo);
-    const char* found = termcap_string(row.termcap);
-    const bool missing = !found || !*found;
-    return missing && row.fallback ? termcap_string(row.fallback) : found;
-  };
-  const char** slot = xkey_incodes;
-  for (const key_capability& row : keys) *slot++ = load(row);
-  slot = xkey_incodes + slot_function;
-  for (const key_capability& row : functions) *slot++ = load(row);
-
+  std::transform(std::begin(slots), std::end(slots), xkey_incodes, key_bytes);
   const char*& backspace = xkey_incodes[slot_backspace];
   if (use_termcap && (!backspace || !*backspace)) backspace = "\x08";
 }
 
-// Where attributes take a cell, the terminal is of the kind whose cursor keys send these bytes.
+// Where attributes take a cell, the terminal is of the kind whose cursor keys send control bytes.
 static void load_fixed_keys() {
   const bool control_keys = attrib_space > 0;
   xkey_incodes[slot_control_k] = control_keys ? "\x0b" : "";
@@ -130,26 +162,32 @@ static void load_fixed_keys() {
   xkey_incodes[slot_mouse] = "\x1b>";
 }
 
+struct string_capability {
+  char* (*terminfo)();  // as terminfo describes it; a function for the same reason
+  const char* termcap;  // its termcap name
+  char** destination;
+};
+static constexpr string_capability strings[] = {
+    {[] { return clear_screen; }, "cl", &T_CLEAR},
+    {[] { return cursor_up; }, "up", &T_UP},
+    {[] { return cursor_down; }, "do", &T_DN},
+    {[] { return cursor_left; }, "le", &T_LT},
+    {[] { return cursor_right; }, "nd", &T_RT},
+    {[] { return cursor_home; }, "ho", &T_HOME},
+    {[] { return cursor_address; }, "cm", &T_CUP},
+    {[] { return exit_attribute_mode; }, "me", &T_SGR0},
+    {[] { return use_reverse ? enter_reverse_mode : enter_standout_mode; }, "rv", &T_STANDON},
+    {[] { return use_reverse ? exit_attribute_mode : exit_standout_mode; }, "re", &T_STANDOFF},
+    {[] { return enter_underline_mode; }, "us", &T_ULON},
+    {[] { return exit_underline_mode; }, "ue", &T_ULOFF},
+    {[] { return enter_dim_mode; }, "mh", &T_DIM},
+    {[] { return keypad_xmit; }, "ks", &T_KEYXMIT},
+    {[] { return keypad_local; }, "ke", &T_KEYLOCAL},
+};
+
 static void load_strings() {
-  const string_capability rows[] = {
-      {clear_screen, "cl", &T_CLEAR},
-      {cursor_up, "up", &T_UP},
-      {cursor_down, "do", &T_DN},
-      {cursor_left, "le", &T_LT},
-      {cursor_right, "nd", &T_RT},
-      {cursor_home, "ho", &T_HOME},
-      {cursor_address, "cm", &T_CUP},
-      {exit_attribute_mode, "me", &T_SGR0},
-      {use_reverse ? enter_reverse_mode : enter_standout_mode, "rv", &T_STANDON},
-      {use_reverse ? exit_attribute_mode : exit_standout_mode, "re", &T_STANDOFF},
-      {enter_underline_mode, "us", &T_ULON},
-      {exit_underline_mode, "ue", &T_ULOFF},
-      {enter_dim_mode, "mh", &T_DIM},
-      {keypad_xmit, "ks", &T_KEYXMIT},
-      {keypad_local, "ke", &T_KEYLOCAL},
-  };
-  for (const string_capability& row : rows)
-    *row.destination = use_termcap ? termcap_string(row.termcap) : present(row.terminfo);
+  for (const string_capability& row : strings)
+    *row.destination = use_termcap ? termcap_string(row.termcap) : present(row.terminfo());
 }
 
 static void load_numbers() {
@@ -172,8 +210,20 @@ static bool find_description() {
 }
 
 static int graphics_from_termcap() {
-  static const char* const names[line_slots] = {"GH", "GV", "GC", "GU", "GD", "G3",
-                                                "G2", "G1", "G4", "GR", "GL"};
+  static const char* const names[] = {
+      "GH",  // horizontal line
+      "GV",  // vertical line
+      "GC",  // crossing
+      "GU",  // bottom tee
+      "GD",  // top tee
+      "G3",  // lower-left corner
+      "G2",  // upper-left corner
+      "G1",  // upper-right corner
+      "G4",  // lower-right corner
+      "GR",  // left tee
+      "GL",  // right tee
+  };
+  static_assert(std::size(names) == line_slots);
   if (!termcap_string(names[line_lower_left])) return 0;
   graph_on = termcap_string("GS");
   graph_off = termcap_string("GE");

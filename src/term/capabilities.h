@@ -3,6 +3,9 @@
 // sends nothing.
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 namespace scrim {
 
 extern int use_termcap;  // 0: describe the terminal through terminfo, 1: through termcap
@@ -44,11 +47,12 @@ enum {
   slot_control_k = 8,
   slot_control_l = 9,
   slot_control_j = 10,
-  slot_mouse = 11,
-  slot_function = 12,
+  slot_mouse = 11,     // the start of a mouse report
+  slot_function = 12,  // the first function key
   key_slots = 38
 };
 extern const char* xkey_incodes[key_slots];  // the bytes of each key; null or empty: none
+extern const std::array<std::int16_t, key_slots + 1> specialkeys;  // the code of each slot, then 0
 
 // Slots of the line-drawing characters.
 enum {

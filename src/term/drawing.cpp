@@ -8,6 +8,8 @@
 #include "term/capabilities.h"
 #include "term/tty.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -18,8 +20,6 @@
 
 namespace scrim {
 
-// The gadget flags whose kinds show brackets: fields, checkboxes, passwords, pop lists.
-static const int bracketed_kinds = 0x004 | 0x008 | 0x010 | 0x020 | 0x800;
 static const int piece = 79;  // characters that one write of a text field takes
 
 static char pbuf[piece + 1];  // text of a field on its way to the terminal
@@ -114,7 +114,7 @@ static void write_field(const char* s, int n, int width, bool masked) {
 }
 
 int stand(int x, int y, const char* s, int att, int pad) {
-  bool bracketed = (att & (ATT_BRACKET | bracketed_kinds)) != 0;
+  bool bracketed = (att & (ATT_BRACKET | ATT_BRACKET_KINDS)) != 0;
   if (att & ATT_HOTKEY) bracketed = false;
   const bool cookies = attrib_space > 0;
   const int n = static_cast<int>(strnlen(s, static_cast<std::size_t>(std::max(pad, 0))));

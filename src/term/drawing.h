@@ -10,7 +10,9 @@ enum {
   ATT_STANDOUT = 0x001,  // highlighted
   ATT_HOTKEY = 0x002,    // a byte of 0x80 or above is shown underlined, without that bit
   ATT_MASKED = 0x020,    // one "*" for each character
-  ATT_BRACKET = 0x400    // "[" and "]" around the field where attributes take a cell of their own
+  ATT_BRACKET = 0x400,   // "[" and "]" around the field where attributes take a cell of their own
+  ATT_BRACKET_KINDS =
+      0x004 | 0x008 | 0x010 | 0x020 | 0x800  // fields, checkboxes, passwords, pop lists
 };
 
 // Cells of a frame or a window beyond this many are not drawn: no terminal shows them, and a line

@@ -9,8 +9,11 @@
 #include "term/leaving.h"
 #include "term/tty.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
+#include <iterator>
 
 #include <poll.h>
 #include <unistd.h>
@@ -27,17 +30,7 @@ const skt specialktext[] = {
     {XKEY_NULL, "XKEY_NULL"},   {XKEY_F1, "XKEY_F1"},         {XKEY_F2, "XKEY_F2"},
     {XKEY_F3, "XKEY_F3"},       {XKEY_F4, "XKEY_F4"},         {0, ""},
 };
-
-// The code of each slot of xkey_incodes, then 0.
-static const std::int16_t specialkeys[key_slots + 1] = {
-    XKEY_UP,    XKEY_DOWN, XKEY_LEFT,  XKEY_RIGHT, XKEY_DELETE, XKEY_BACKSPACE, XKEY_NEXT,
-    XKEY_PREV,  XKEY_UP,   XKEY_RIGHT, XKEY_DOWN,  // the control keys of cookie terminals
-    XKEY_MOUSE,                                    // the start of a mouse report
-    XKEY_NULL,  XKEY_F1,   XKEY_F2,    XKEY_F3,    // the first four function keys
-    XKEY_F4,    XKEY_F4,   XKEY_F4,    XKEY_F4,    XKEY_F4,     XKEY_F4,        XKEY_F4,
-    XKEY_F4,    XKEY_F4,   XKEY_F4,    XKEY_F4,    XKEY_F4,     XKEY_F4,        XKEY_F4,
-    XKEY_F4,    XKEY_F4,   XKEY_F4,    XKEY_F4,    XKEY_F4,     XKEY_F4,        XKEY_F4,
-    XKEY_F4,    0};
+static_assert(std::size(specialktext) == XKEY_F4 - XKEY_UP + 2, "a name for each code");
 
 static const int report_start = 2;   // where the text of a mouse report begins
 static const int report_limit = 23;  // the last position that may hold its "X"
