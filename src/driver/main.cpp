@@ -11,12 +11,16 @@
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/endings.h"
+#include "term/leaving.h"
 #include "term/tty.h"
 #include "values/values.h"
 
+#include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include <fcntl.h>
 
@@ -268,8 +272,7 @@ static void occupy_standard_descriptors() {
 }
 
 [[noreturn]] static void finish() {
-  sposition(0, T_LINES - 1);
-  restore_ttymode();
+  close_terminal();
   if (ret != -1) {
     snprintf(cbuf, sizeof cbuf, "SCRIM=%d\n", ret);
     p_out(cbuf);

@@ -11,6 +11,7 @@
 #include "screens/neighbours.h"
 #include "screens/reader.h"
 #include "term/endings.h"
+#include "term/leaving.h"
 #include "values/values.h"
 
 #include <cstddef>
@@ -113,6 +114,7 @@ void make_table(char* fnames) {
 }
 
 [[noreturn]] static void cannot_find(const char* path) {
+  close_terminal();
   complain({"scrim: Can't find screen file ", path});
   exit(exit_usage);
 }

@@ -1,16 +1,16 @@
-// term/endings: the error pop-up, and the endings that it announces.
+// term/endings: the error pop-up, the endings that it announces, and memory, whose lack is one.
 // A message is always shown, on the terminal where there is one, else as a line of its own.
 
 #include "term/endings.h"
 
 #include "common/program.h"
-#include "common/text.h"
 #include "term/capabilities.h"
 #include "term/drawing.h"
 #include "term/keys.h"
 #include "term/leaving.h"
 #include "term/tty.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 

@@ -1,5 +1,5 @@
-// term/endings: the error pop-up, and the endings that it announces.
-// It stands above the keys because it waits for one.
+// term/endings: the error pop-up, the endings that it announces, and memory, whose lack is one.
+// This room stands above the keys because the pop-up waits for one.
 #pragma once
 
 #include <cstddef>

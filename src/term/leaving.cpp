@@ -1,4 +1,5 @@
-// term/leaving: the one way out for everything that ends the program while it runs.
+// term/leaving: the one close of the terminal, and the way out for everything that ends the program
+// while it runs.
 // It needs no capabilities: before they are loaded it only puts the line settings back.
 
 #include "term/leaving.h"
@@ -11,11 +12,14 @@
 
 namespace scrim {
 
+void close_terminal() {
+  if (!is_raw()) return;
+  sposition(0, T_LINES - 1);
+  restore_ttymode();
+}
+
 void win_exit(int ex) {
-  if (tfd != -1) {
-    sposition(0, T_LINES - 1);
-    restore_ttymode();
-  }
+  close_terminal();
   exit(ex);
 }
 

@@ -31,6 +31,7 @@ char* T_KEYLOCAL = nullptr;
 // Positions in the control characters of the System V settings record.
 enum { vtime_index = 5, vmin_index = 6 };
 
+static bool raw = false;
 static bool keypad_transmits = false;
 static bool output_waits = true;  // writes to the terminal block by themselves
 static bool output_lost = false;  // the terminal is gone: drawing costs no more requests
@@ -77,14 +78,18 @@ int setup_ttymode() {
   terminal_new.c_lflag = 0;
   hold_write_signals(SIG_BLOCK);
   ioctl(tfd, TCSETAW, &terminal_new);
+  raw = true;
   return 0;
 }
+
+bool is_raw() { return raw; }
 
 int restore_ttymode() {
   if (keypad_transmits) M_putp(T_KEYLOCAL);
   keypad_transmits = false;
   if (ttym) reset_shell_mode();
   ttym = 0;
+  raw = false;
   const int result = ioctl(tfd, TCSETAW, &terminal_old);
   hold_write_signals(SIG_UNBLOCK);
   return result;

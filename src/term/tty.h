@@ -35,6 +35,9 @@ extern char* T_KEYLOCAL;  // puts it back
 // Returns 0, or 1 when there is no terminal to open.
 int setup_ttymode();
 
+// Whether the terminal is in raw mode.
+bool is_raw();
+
 // Takes the keypad out of transmit mode, leaves raw mode and puts the user's settings back.
 // Returns the result of the last request: 0, or -1.
 int restore_ttymode();
