@@ -4,7 +4,6 @@
 #include "output/results.h"
 
 #include "common/program.h"
-#include "common/text.h"
 #include "runtime/validation.h"
 
 namespace scrim {

@@ -3,10 +3,12 @@
 
 #include "runtime/field_editor.h"
 
-#include "common/program.h"
 #include "common/text.h"
 #include "term/drawing.h"
-#include "term/keys.h"
+#include "term/key_codes.h"
+
+#include <algorithm>
+#include <cstring>
 
 namespace scrim {
 

@@ -9,7 +9,10 @@
 #include "term/drawing.h"
 #include "term/endings.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace scrim {
 

@@ -1,6 +1,6 @@
 // runtime/scroll_keys: the keys inside a scroll window: by line, by page, and choosing a line.
-// At the first and the last row of the window the data move instead of the cursor. A screen file may
-// put the cursor outside those rows: the keys move it there too, one row at a time.
+// At the first and the last row of the window the data move instead of the cursor. A screen file
+// may put the cursor outside those rows: the keys move it there too, one row at a time.
 
 #include "runtime/scroll_keys.h"
 

@@ -4,7 +4,6 @@
 #include "runtime/switching.h"
 
 #include "common/program.h"
-#include "common/text.h"
 #include "runtime/painting.h"
 #include "screens/model.h"
 #include "term/endings.h"

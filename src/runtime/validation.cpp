@@ -3,12 +3,13 @@
 
 #include "runtime/validation.h"
 
-#include "common/program.h"
 #include "common/text.h"
 #include "runtime/painting.h"
 #include "runtime/switching.h"
+#include "screens/model.h"
 #include "term/endings.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 
@@ -125,7 +126,7 @@ const char* check_date_text(char (&s)[80]) {
   return nullptr;
 }
 
-static int refuse(per_screen& screen, gadget_list& field, const char* message) {
+static int show_failure(per_screen& screen, gadget_list& field, const char* message) {
   char action[sizeof screen.screenname + 1];
   screen.blp = &field;
   screen.activeg = field.gadgetid;
@@ -151,7 +152,7 @@ static const char* check_field(gadget_list& field) {
 int check_fields() {
   for (int i = 0; i < screens; i++)
     for (gadget_list* field = s_screen[i].gadget_lp; field; field = field->next)
-      if (const char* error = check_field(*field)) return refuse(s_screen[i], *field, error);
+      if (const char* error = check_field(*field)) return show_failure(s_screen[i], *field, error);
   return 0;
 }
 

@@ -2,8 +2,6 @@
 // have a value, dates are dates and take their canonical shape, MM/DD/YYYY HH MM SS.
 #pragma once
 
-#include "screens/model.h"
-
 namespace scrim {
 
 constexpr int date_positions = 20;  // positions that check_date is called for

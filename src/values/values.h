@@ -2,6 +2,7 @@
 // into the lines of screen files.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace scrim {
