@@ -126,7 +126,7 @@ static std::int16_t recognised(std::int16_t code) {
 
 // Decodes one key. Returns false when what came was a broken mouse report, which is dropped.
 static bool decode(std::int16_t& result) {
-  for (int slot = 0; slot < key_slots; slot++) {
+  for (unsigned slot = 0; slot < key_slots; slot++) {
     if (!xkey_incodes[slot] || !completes(xkey_incodes[slot])) continue;
     if (slot != slot_mouse) {
       result = recognised(specialkeys[slot]);
