@@ -26,8 +26,6 @@
 
 namespace scrim {
 
-static const char version[] = "2.4";
-
 enum {
   mode_list = 0x01,
   mode_box = 0x02,
