@@ -69,6 +69,19 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
   }
 }
 
+// An opening list blanks the first cell of the gadget that was highlighted, not of the one clicked.
+TEST(Lists, AClickOpensTheListOfAnotherField) {
+  Terminal t;
+  t.file("form", "fulls:clear\ndetext:5,1,4:abcd:E\npoplist:5,4:Red:P:Red:Green\n");
+  t.run({"-f", "form"});
+  t.type("\033>2;6;4X\033>3;6;4X");
+  t.expect_text(1, 4, "[ bcd]");
+  t.expect_text(4, 4, "[┌─────┐");
+  t.type(down + "\r");
+  t.expect_text(1, 4, "[abcd]");
+  t.expect_text(4, 4, "[Green  ]");
+}
+
 // On a terminal whose attributes take cells, each entry is drawn with those around it.
 TEST(Lists, ALetterThatLeadsNowhereRedrawsItsEntry) {
   Terminal t({.term = "scrim-cookie"});

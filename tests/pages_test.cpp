@@ -31,6 +31,14 @@ TEST(Pages, EveryDirectiveHasItsEntry) {
   for (const char* const* row = file_funcs; **row; row++)
     keywords.insert(std::string(*row, std::string(*row).find_last_not_of(':') + 1));
   EXPECT_EQ(found(source("man/scrim-screen.5"), "\n\\.It Li ([a-z]+)(?=[: \n])"), keywords);
+  const std::string vim = source("share/vim/syntax/scrim.vim");
+  EXPECT_EQ(
+      found(
+          vim,
+          R"((?:/\^\\%\(|\\\|)([a-z]+):?(?:\\@=)?(?=\\[|)][^\n]*(?:nextgroup=scrimItems| end=)))"),
+      keywords);
+  words known = found(source("fuzz/dictionary"), "=\"([a-z]+)");
+  for (const std::string& keyword : keywords) EXPECT_TRUE(known.contains(keyword)) << keyword;
 }
 
 TEST(Pages, EveryOptionHasItsEntryAndCompletions) {

@@ -10,15 +10,17 @@ set cpo&vim
 syntax case match
 syntax sync fromstart
 
-" A line that no directive begins is an error; the last matching item wins.
+" A line that no directive begins is an error; the last matching item wins. Keywords are spelled out,
+" so that they can be compared with the program's own.
 syntax match scrimError /^[^#].*$/
 syntax match scrimComment /^#.*$/
 
 syntax match scrimWindow /^\%(fulls\|pop:\@=\|name:\@=\|title:\@=\|table:\@=\|bdefault\)/ nextgroup=scrimItems
-syntax match scrimButton /^d\?p\?button:\@=/ nextgroup=scrimItems
-syntax match scrimField /^\%(d\?etext\|d\?x\?checkbox\|poplist\)/ nextgroup=scrimItems
-syntax match scrimList /^\%(d\?swin\|swhigh\|swpos\|swdefer\)/ nextgroup=scrimItems
-syntax match scrimFrame /^box:\@=/ nextgroup=scrimItems
+syntax match scrimButton /^\%(button:\@=\|dbutton:\@=\|pbutton:\@=\|dpbutton:\@=\)/ nextgroup=scrimItems
+syntax match scrimField /^\%(etext\|detext\|poplist\)/ nextgroup=scrimItems
+syntax match scrimField /^\%(checkbox\|dcheckbox\|xcheckbox\|dxcheckbox\)/ nextgroup=scrimItems
+syntax match scrimList /^\%(swin\|dswin\|swhigh\|swpos\|swdefer\)/ nextgroup=scrimItems
+syntax match scrimFrame /^\%(box:\@=\)/ nextgroup=scrimItems
 
 syntax match scrimItems /.*$/ contained contains=scrimPlace,scrimColon,scrimValue,scrimEscape,scrimType,scrimHot,scrimAction,scrimWord
 syntax match scrimColon /:/ contained
@@ -28,7 +30,7 @@ syntax match scrimWord /:\@<=\%(clear\|overlay\|cursor\)\ze\%(:\|$\)/ contained
 syntax match scrimAction /:\@<=[<>^][^:]*/ contained
 syntax match scrimHot /_[^:]/ contained
 
-syntax region scrimBlock matchgroup=scrimBlockEnds start=/^\%(text:\|[ab]text\).*$/ end=/^endtext:.*$/ contains=scrimValue,scrimEscape
+syntax region scrimBlock matchgroup=scrimBlockEnds start=/^\%(text:\|atext\|btext\).*$/ end=/^endtext:.*$/ contains=scrimValue,scrimEscape
 syntax match scrimValue /\${[^}]*}\?/ contained
 syntax match scrimEscape /\\./ contained
 
