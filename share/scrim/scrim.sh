@@ -131,9 +131,9 @@ _scrim_take() {
 }
 
 # Tries every way to read the items at the start of $1, each with a ";" behind it; $2 holds the
-# names used so far. Behind these stand the items taken, newest first, each as four words: name,
-# value, and what _scrim_ends keeps. (Positional parameters are the only variables that a POSIX
-# function has for itself.) Calls $_scrim_found with the items of each reading.
+# names used so far. Behind these stand the items taken, newest first, four words each: the name, the
+# value, and two words for _scrim_ends: the text behind the value, and the names used until then.
+# (Positional parameters are the only variables that a POSIX function has for itself.) Calls $_scrim_found with the items of each reading.
 _scrim_items() {
   while [ -n "$1" ]; do
     _scrim_name=${1%%=\"*} _scrim_rest=${1#*=\"} _scrim_used=$2

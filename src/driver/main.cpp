@@ -280,9 +280,10 @@ static void occupy_standard_descriptors() {
 
 }  // namespace scrim
 
-// Standard error holds a whole capability string, so that each is one write. Standard output keeps
-// the results until the terminal is the user's again; no more than a buffer of them goes out
-// before. Neither buffer is missing where memory has run out.
+// The buffer of standard error holds a whole capability string, so that each string is one write.
+// The buffer of standard output keeps the results until the terminal is the user's again; only what
+// does not fit goes out before. Both are the program's own: they are there where memory has run
+// out.
 int main(int argc, char** argv) {
   scrim::occupy_standard_descriptors();
   static char error_buffer[4096], result_buffer[4096];

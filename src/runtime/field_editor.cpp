@@ -43,7 +43,7 @@ void cursor_left(const gadget_list& field, field_cursor& cursor) {
   place_cursor(field, cursor);
 }
 
-// One character on: in the view while there is room, else by scrolling it.
+// Moves one character on: in the view while there is room, else by scrolling the view.
 static void advance(const gadget_list& field, field_cursor& cursor) {
   (cursor.editcurs < field.w ? cursor.editcurs : cursor.fldcurs)++;
 }

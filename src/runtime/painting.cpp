@@ -1,6 +1,6 @@
 // runtime/painting: turns the records of a screen into cells of the terminal.
-// Stored texts stay as they are, but for the blank that marks the start of a line: what the
-// terminal cannot show is changed on the way to it.
+// Stored texts stay as they are, but for the blank that marks the start of a line: characters that
+// the terminal cannot show are replaced when they are drawn.
 
 #include "runtime/painting.h"
 
@@ -18,8 +18,8 @@ namespace scrim {
 
 static const char marked_blank = static_cast<char>(' ' | 0x80);
 
-// Where the first shown line of a scroll window begins, so that scrolling costs the lines moved and
-// not all those above.
+// Where the first shown line of a scroll window begins. Scrolling goes on from there, so that it
+// takes the time of the lines moved, not of all lines above.
 struct swin_place {
   swin_place* next;
   const gadget_list* swin;
@@ -44,7 +44,7 @@ int screen_paint() {
 }
 
 // Leading blanks move the text to the right and leave the cells under them as they are; a marked
-// blank ends them, and is an ordinary one from then on. A line of nothing else paints nothing.
+// blank ends them, and is an ordinary blank from then on. A line of blanks alone paints nothing.
 static void paint_line(int x, int y, char* line, int n) {
   int indent = 0;
   while (indent < n && line[indent] == ' ') indent++;
@@ -149,7 +149,7 @@ static void paint_row(const gadget_list& swin, int row, const char* at) {
   stand(swin.x + 2, swin.y + row, text, highlighted ? ATT_STANDOUT : 0, width);
 }
 
-// Paints the rows from `first` to `last`; the window has no others than 1 to h - 2.
+// Paints the rows from `first` to `last` as far as they are rows of the window, 1 to h - 2.
 static void paint_rows(const gadget_list& swin, int first, int last) {
   first = std::max(first, 1);
   last = std::min({last, swin.h - 2, drawn_limit});
@@ -172,7 +172,8 @@ int display_swin(gadget_list* swin, int line) {
   return 0;
 }
 
-// What directives computed when they asked for a drawing stays as it was.
+// Frames and scroll-window rows that directives of the screen file asked for. A scroll window's
+// highlight and value are not computed here: its directives did that when they were read.
 static void draw_at_first() {
   const first_drawing* drawing = curscrn->drawn ? nullptr : curscrn->drawings;
   for (; drawing; drawing = drawing->next) {

@@ -77,7 +77,7 @@ static void draw_mark(const pick_list& list, int row, char mark) {
 }
 
 // On the frame's right edge: "^" where there are entries above those shown, "v" where there are
-// some below. Where one entry is shown, "v" goes before.
+// some below. Where only one entry is shown, "v" stands there if both hold.
 static void draw_marks(const pick_list& list) {
   if (!list.framed || list.rows == list.count) return;
   const char above = list.first > 0 ? '^' : 0;

@@ -1,5 +1,5 @@
 // runtime/pick_list: a column of words, of which the user picks one.
-// It keeps nothing between calls and leaves what it drew to its caller.
+// Nothing is kept between calls. What the list has drawn stays there: its caller repaints.
 #pragma once
 
 namespace scrim {

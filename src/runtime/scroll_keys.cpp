@@ -1,6 +1,6 @@
 // runtime/scroll_keys: the keys inside a scroll window: by line, by page, and choosing a line.
 // At the first and the last row of the window the data move instead of the cursor. A screen file
-// may put the cursor outside those rows: the keys move it there too, one row at a time.
+// may put the cursor outside those rows: there too the line keys move it by one row.
 
 #include "runtime/scroll_keys.h"
 
@@ -16,7 +16,7 @@ static void scroll_to(gadget_list& swin, int offset) {
   display_swin(&swin, -1);
 }
 
-// A row above the window is none; to display_swin, -1 would be all of them.
+// Rows above the window's first are not drawn. Row -1 would mean all rows to display_swin.
 static void redraw_row(gadget_list& swin, int row) { display_swin(&swin, std::max(row, 0)); }
 
 // Only a highlight that follows the cursor makes rows look different.

@@ -21,7 +21,7 @@ static const char month_error[] = "Month out of range in date field!";
 static const char day_error[] = "Day out of range in date field!";
 
 // What each position of a date must hold: 9 a digit, w a digit or "*", anything else itself. The
-// first of a month, a day and the time, and the end of the year, have more to them.
+// first position of a month, a day and the time, and the end of the year, have rules of their own.
 static const char date_shape[] = "ww/ww/www9 99 99 99";
 enum { month_at = 0, day_at = 3, year_at = 6, century_check_at = 8, time_at = 10 };
 
@@ -134,7 +134,7 @@ static int show_failure(per_screen& screen, gadget_list& field, const char* mess
   const bool drawn = screen.drawn;
   DoGoToScreen(action);
   error_pop(message);
-  // What a screen draws at its first painting lies under the message: the first is still to come.
+  // The first painting lies under the message: what is drawn only then is drawn once more.
   screen.drawn = drawn;
   PaintScreen();
   return 1;

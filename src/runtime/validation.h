@@ -6,8 +6,9 @@ namespace scrim {
 
 constexpr int date_positions = 20;  // positions that check_date is called for
 
-// Checks every field of every screen. Returns 0 when all passed. At the first that fails, shows
-// its screen with the field active, then the message, then the screen again, and returns 1.
+// Checks every field of every screen. Returns 0 when all passed. At the first field that fails,
+// shows that field's screen with the field active, then the message, then the screen again, and
+// returns 1.
 int check_fields();
 
 // Checks position i of the date text `s`, filling in what people leave out: leading zeros, the

@@ -38,7 +38,7 @@ save_text* f_text_core(save_text* txt) {
   while (next_block_line()) {
     const std::size_t n = std::strlen(tbuf);
     if (length + n + 2 > room) record = resize(record, room *= 2);
-    // A newline in a value is no line of the block: let it show as any other control character.
+    // A newline inside a value begins no line of the block: it shows as any control character does.
     std::replace(tbuf, tbuf + n, '\n', '\r');
     std::memcpy(record->text + length, tbuf, n);
     length += n;

@@ -1,5 +1,5 @@
 // screens/checkboxes: the directives of checkboxes.
-// The exclusive ones of a screen form one chain, in which ticking one clears the others.
+// The exclusive checkboxes of a screen form one chain: checking one of them clears the others.
 
 #include "common/program.h"
 #include "common/text.h"

@@ -15,8 +15,9 @@ namespace scrim {
 constexpr int directive_rows = 26;
 
 // Of each directive its keyword, its handler, and the names of its first item's numbers, which also
-// tell what separates them: "X,Y,W/M". The rows of the three belong together. An empty keyword,
-// null and an empty text follow the last row. A keyword is recognised as the beginning of a line.
+// tell what separates the numbers: "X,Y,W/M". Row n of one table belongs to row n of the others. An
+// empty keyword, null and an empty text follow the last row. A keyword is recognised as the
+// beginning of a line.
 extern const char* const file_funcs[directive_rows + 1];
 extern int (*const file_funcs_x[directive_rows + 1])();
 extern const char* const file_numbers[directive_rows + 1];

@@ -1,6 +1,6 @@
 // screens/file_data: the file that a scroll window shows, read once.
-// It is read to its end in pieces that are counted while they are still in the processor's cache;
-// it may be a pipe, whose size nobody knows beforehand.
+// The file is read in pieces, whose lines are counted while a piece is still in the processor's
+// cache. It may be a pipe, whose size is not known beforehand.
 
 #include "screens/file_data.h"
 
@@ -28,7 +28,8 @@ static const std::size_t huge_page = std::size_t{2}
                                      << 20;  // large data is aligned to pages of this size
 static const char no_memory[] = "Can't allocate memory for file data";
 
-// Memory for n bytes of data; a large block in few large pages, which cost less to be given.
+// Memory for n bytes of data. A large block is asked for in large pages: the system hands out a few
+// of them faster than many small ones.
 static char* data_memory(std::size_t n) {
   void* memory = nullptr;
   if (n < huge_page) {
@@ -42,7 +43,8 @@ static char* data_memory(std::size_t n) {
   return static_cast<char*>(memory);
 }
 
-// Counts in bytes, as many as cannot overflow one, which the compiler does for many at a time.
+// Counts in a byte, for as many characters as cannot overflow it: such a loop the compiler turns
+// into instructions that take many characters at a time.
 static std::int64_t count_newlines(const char* data, std::size_t n) {
   const std::size_t block = 240;
   std::int64_t total = 0;

@@ -1,6 +1,5 @@
 // screens/loader: turns a list of screen files into the screen table.
-// All of it is loaded before the first screen is shown; a line that cannot be read ends the
-// program.
+// All files are loaded before the first screen is shown; a line that is refused ends the program.
 
 #include "screens/loader.h"
 

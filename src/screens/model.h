@@ -103,8 +103,13 @@ struct per_screen {
   bool drawn;                   // the first painting has been
 };
 
-// Words of a pop list's vector: the items of its line, with its column and row in the place of two.
-// From the column on they are those of a pick list.
+// Words of a pop list's vector. They are the items of its line, but for two: text and name are
+// copied into the record, and the list's column and row take their places. So the words from the
+// column on are the words of a pick list:
+//
+//     poplist : 20,5 : open  : STATE : open : closed : (null)
+//     poplist   20,5   "20"    "5"     open   closed   (null)
+//     [0]       [1]    [2]     [3]     [4]    [5]      [6]
 enum {
   poplist_place = 1,  // its position, as the line gives it
   poplist_column = 2,

@@ -1,9 +1,12 @@
 // screens/neighbours: the graph that the cursor keys follow from gadget to gadget.
 // The gadgets are sorted into reading order once; every neighbour is then a binary search.
 //
-// Lines 0 to 99 are the layout. A gadget outside it is reached by the rules of the layout's edges,
-// line -1 above and line 100 below: each edge line is the last resort of its direction, and there
-// only columns between the gadget and the edge's own column (-1 above, 100 below) count.
+// Lines 0 to 99 are the layout. Below it, only gadgets on line 100 are reached, from a gadget
+// without another one on the lines between; above it, only those on line -1. Such an edge line has
+// a column of its own, 100 below and -1 above, and a gadget there counts only if it is nearer than
+// that column. For example, Down from a field in line 20, column 60, with nothing on lines 21 to
+// 99: a button in line 100, column 90, is 30 columns away and the edge's column 40, so Down leads
+// to the button; a button in column 10 is 50 away and is not reached.
 
 #include "screens/neighbours.h"
 
@@ -23,7 +26,7 @@ static const int above = -1;   // the edge line above the layout, and its column
 static const int below = 100;  // the edge line below the layout, and its column
 
 static gadget_pointer* order = nullptr;      // the navigable gadgets by line, column, declaration
-static gadget_pointer* order_end = nullptr;  // behind the last one
+static gadget_pointer* order_end = nullptr;  // behind the last gadget of `order`
 
 static bool reads_before(const gadget_list* a, const gadget_list* b) {
   if (a->y != b->y) return a->y < b->y;

@@ -23,7 +23,7 @@ struct refusal {
 };
 extern refusal refused;
 
-// Notes that the line being read cannot be taken: the status, and the message that the parts make.
+// Notes that the line being read cannot be taken: the exit status, and the parts joined as message.
 void refuse(int status, std::initializer_list<std::string_view> parts);
 
 // Opens a screen file as `sfp`; "stdin" is standard input. Returns false when it cannot be opened

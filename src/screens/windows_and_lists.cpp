@@ -1,5 +1,5 @@
 // screens/windows_and_lists: the directives of scroll windows and pop lists.
-// What a directive draws at once is kept for the first painting: there is no terminal yet.
+// Frames and rows are kept for the first painting of their screen: there is no terminal yet.
 
 #include "common/program.h"
 #include "common/text.h"
@@ -21,7 +21,8 @@ namespace scrim {
 
 static const char no_memory[] = "Can't allocate memory for popup list";
 
-// What painting the rows at once would compute is computed; the cells wait for the first painting.
+// A directive that shows rows takes the highlight to the cursor at once, and the value with it; the
+// rows are drawn at the first painting of the screen.
 static void show_rows(gadget_list& swin) {
   follow_cursor(swin);
   draw_rows_at_first(swin);
@@ -61,7 +62,8 @@ int f_dswin() {
   return 0;
 }
 
-// The scroll window that the line is about; null: refused, since the screen has none.
+// The scroll window declared last, which the line is about; null: the screen has none, and the line
+// is refused.
 static gadget_list* last_window(const char* complaint) {
   gadget_list* swin = s_screen[curscreen].last_swin;
   if (!swin) refuse(exit_screen, {complaint});
@@ -126,7 +128,7 @@ static std::size_t split_items(char* line, char** items) {
 }
 
 int f_poplist() {
-  const int text_item = 2, name_item = 3;  // until the place of the list takes theirs
+  const int text_item = 2, name_item = 3;  // the list's column and row take their places later
   const std::size_t fewest_items = 6;
   per_screen& screen = s_screen[curscreen];
   screen.gadgetc++;

@@ -59,19 +59,19 @@ const char vt100graph[line_slots + 1] = "qxnvwmlkjtu";
 char cxxxgraph[line_slots + 1] = "-|+++++++++";
 
 static const int default_lines = 24;              // for a terminal that does not tell its height
-static const std::size_t reserve_size = 100'000;  // bytes; a description takes half of that
+static const std::size_t reserve_size = 100'000;  // bytes; a description takes half as many
 
 static void* reserve = nullptr;
 
 static char mtermname[50];      // TERM, for the termcap library and its message
 static char tcap_buff[10000];   // the terminal's termcap entry
 static char capes[10000];       // strings fetched from it
-static char* capept = nullptr;  // where the next one goes
+static char* capept = nullptr;  // where the next string goes
 
 // The library says "absent" with a null and "cancelled" with -1; either way there is no string.
 static char* present(char* s) { return s == reinterpret_cast<char*>(-1) ? nullptr : s; }
 
-// The library copies a string into `capes` without looking at its end: look first.
+// The library copies a string into `capes` without looking where `capes` ends: this function looks.
 static char* termcap_string(const char* name) {
   char* found = present(tgetstr(const_cast<char*>(name), nullptr));
   if (!found) return nullptr;
@@ -79,13 +79,13 @@ static char* termcap_string(const char* name) {
   return std::strlen(found) < room ? tgetstr(const_cast<char*>(name), &capept) : nullptr;
 }
 
-// What a key slot's bytes are called in the two descriptions. The library's names stand for places
-// in the description that it has loaded: they mean something only once it has one, and so are
-// called.
+// What a key slot's bytes are called in the two descriptions. The terminfo names are macros of the
+// library that read the description loaded last, so a row holds a function that reads: a row with
+// the value itself would be filled before any description is loaded.
 struct key_slot {
   std::int16_t code;
   char* (*terminfo)();   // null: no key of the description
-  const char* termcap;   // null likewise
+  const char* termcap;   // null: the same
   const char* fallback;  // termcap name taken when the first is absent or empty; or null
 };
 static constexpr key_slot slots[] = {
@@ -163,7 +163,7 @@ static void load_fixed_keys() {
 }
 
 struct string_capability {
-  char* (*terminfo)();  // as terminfo describes it; a function for the same reason
+  char* (*terminfo)();  // reads the terminfo string; a function, as in a key slot
   const char* termcap;  // its termcap name
   char** destination;
 };

@@ -1,6 +1,6 @@
 // term/capabilities: what the terminal can do, loaded once from terminfo or termcap: its strings,
-// its key sequences and its line-drawing characters. A string that it lacks is null and, sent,
-// sends nothing.
+// its key sequences and its line-drawing characters. A string that the terminal lacks is null;
+// sending a null string sends nothing.
 #pragma once
 
 #include <array>
@@ -70,7 +70,7 @@ enum {
   line_slots
 };
 extern char* graph_on;                         // enters the line-drawing set; null: there is none
-extern char* graph_off;                        // leaves it
+extern char* graph_off;                        // leaves the line-drawing set
 extern const char vt100graph[line_slots + 1];  // the VT100 letter of each slot
 extern char cxxxgraph[line_slots + 1];         // the character in use for each slot
 
@@ -78,9 +78,9 @@ extern char cxxxgraph[line_slots + 1];         // the character in use for each 
 // can still show its last message. Called once, at the start; open_terminal gives the memory back.
 void keep_reserve();
 
-// Sets the terminal to raw mode and loads its capabilities; when they are loaded already, only
-// applies raw mode again. Returns 0; 5 when there is no terminal to open; 6 when its type is
-// unknown, with the user's settings back in place. Writes nothing about it.
+// Sets the terminal to raw mode and loads its capabilities; where they are loaded already, only
+// applies raw mode again. Returns 0; 5 when there is no terminal to open; 6 when the terminal's
+// type is unknown, with the user's settings back in place. Writes no message.
 int open_terminal();
 
 // open_terminal, ending the program with a message and status 5 or 6 where it fails. Returns 0.

@@ -23,7 +23,7 @@ namespace scrim {
 static const int piece = 79;  // characters that one write of a text field takes
 
 static char pbuf[piece + 1];  // text of a field on its way to the terminal
-static int gathered = 0;      // its characters so far
+static int gathered = 0;      // characters in pbuf so far
 static char bb[160];          // blanks of a frame's inside
 
 int sposition(int x, int y) {
@@ -47,7 +47,7 @@ int display(char* s) {
 
 static void write_character(char c) { write_terminal(&c, 1); }
 
-// Fields go out in pieces of up to `piece` characters: gathered in pbuf, `gathered` so far.
+// A field is gathered in pbuf and sent in pieces of up to `piece` characters, a write each.
 static void send_piece() {
   pbuf[gathered] = 0;
   if (gathered > 0) display(pbuf);

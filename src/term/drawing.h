@@ -15,8 +15,8 @@ enum {
       0x004 | 0x008 | 0x010 | 0x020 | 0x800  // fields, checkboxes, passwords, pop lists
 };
 
-// Cells of a frame or a window beyond this many are not drawn: no terminal shows them, and a line
-// would carry them for minutes.
+// Cells of a frame or a window beyond this many are not drawn: no terminal shows so many, and a
+// slow line would be busy with them for minutes.
 constexpr int drawn_limit = 1000;
 
 // Moves the cursor to column x, row y; a negative one counts as 0. Returns the flush status.
@@ -31,12 +31,12 @@ int display(char* s);
 
 // Shows s at column x, row y as a field `pad` cells wide, with the attributes of `att`. A control
 // character shows as one "?" (see printable_length), so that no text can drive the terminal.
-// Returns 0 for a highlighted field that was sent, else no meaning.
+// Returns, of a highlighted field, whether its end was sent: 0; of any other field, always 0.
 int stand(int x, int y, const char* s, int att, int pad);
 
 // Draws a frame w columns wide and h rows high with its upper-left corner at column x, row y,
-// blanking its inside when cs is not 0. Below 2 columns or 1 row it draws nothing, and nothing of
-// it above row 0 or left of column 0. Returns the flush status.
+// blanking the inside when cs is not 0. A frame of less than 2 columns or 1 row is not drawn at
+// all, and of any other frame nothing above row 0 or left of column 0. Returns the flush status.
 int do_box_c(int x, int y, int w, int h, int cs);
 
 // The frame whose column, row, width and height are the first four words of `largv`. Returns

@@ -37,7 +37,7 @@ static const int report_limit = 23;  // the last position that may hold its "X"
 static const int press_button = 2;   // the button field of a press
 
 static char key[40];                 // bytes of the key in progress, then bytes to hand out
-static std::int16_t xkey_index = 0;  // how many of them there are
+static std::int16_t xkey_index = 0;  // how many bytes of `key` are in use
 static bool silent = false;          // a timed read has expired within this key
 
 enum read_result { got_byte, got_silence, got_end };
@@ -79,7 +79,8 @@ static bool read_more() {
   return !silent;
 }
 
-// Whether the key's bytes are, or become by reading on, the whole sequence and nothing else.
+// Whether the key's bytes are the whole sequence and nothing else. Reads on while they are only its
+// beginning.
 static bool completes(const char* sequence) {
   const std::size_t length = std::strlen(sequence);
   if (length == 0 || length > sizeof key) return false;
@@ -101,7 +102,7 @@ static report_result read_report() {
   }
 }
 
-// Stores a report's numbers; those that cannot be read leave the last ones standing.
+// Stores a report's numbers; a number that cannot be read leaves the last report's in its place.
 static std::int16_t take_report() {
   int fields[mouse_fields];
   key[xkey_index - 1] = 0;

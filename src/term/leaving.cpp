@@ -1,6 +1,6 @@
 // term/leaving: the one close of the terminal, and the way out for everything that ends the program
 // while it runs.
-// It needs no capabilities: before they are loaded it only puts the line settings back.
+// Before the capabilities are loaded, closing only puts the line settings back.
 
 #include "term/leaving.h"
 

@@ -1,5 +1,5 @@
-// term/tty: the three descriptors of the program, the line settings, and the one road on which
-// bytes reach the terminal.
+// term/tty: the three descriptors of the program, the line settings, and the functions through
+// which all bytes reach the terminal.
 
 #include "term/tty.h"
 
@@ -34,7 +34,7 @@ enum { vtime_index = 5, vmin_index = 6 };
 static bool raw = false;
 static bool keypad_transmits = false;
 static bool output_waits = true;  // writes to the terminal block by themselves
-static bool output_lost = false;  // the terminal is gone: drawing costs no more requests
+static bool output_lost = false;  // the terminal is gone: nothing more is written
 
 // A reader that has gone, or a full file, must not end the program while the terminal is raw: the
 // signals wait until the user's settings are back.
@@ -101,8 +101,9 @@ void keypad_on() {
   M_putp(T_KEYXMIT);
 }
 
-// A descriptor shared with a program that made it non-blocking refuses bytes while the line is busy
-// or stopped; a line that is gone is always ready, to fail.
+// Another program that shares the descriptor may have made it non-blocking: then a write is refused
+// while the line is busy or stopped, and this function waits. A line that is gone counts as ready:
+// the next write fails.
 static bool await_output() {
   pollfd output = {STDERR_FILENO, POLLOUT, 0};
   return poll(&output, 1, -1) == 1;

@@ -1,6 +1,6 @@
-// term/tty: the three descriptors of the program, the line settings, and the one road on which
-// bytes reach the terminal. Drawing goes to standard error, keys come from `tty_fd`, line settings
-// are those of /dev/tty; standard output stays free for the results.
+// term/tty: the three descriptors of the program, the line settings, and the functions through
+// which all bytes reach the terminal. Drawing goes to standard error, keys come from `tty_fd`, line
+// settings are those of /dev/tty; standard output stays free for the results.
 #pragma once
 
 #include <cstddef>
@@ -29,7 +29,7 @@ extern int debug_flag;  // 1: setup_ttymode prints the input flags it found
 extern int ftimeout;    // longest pause between two bytes of one key, tenths of a second
 
 extern char* T_KEYXMIT;   // puts the keypad into transmit mode, so that keys send what is described
-extern char* T_KEYLOCAL;  // puts it back
+extern char* T_KEYLOCAL;  // takes the keypad out of transmit mode
 
 // Opens /dev/tty if need be, keeps the user's settings and applies raw mode.
 // Returns 0, or 1 when there is no terminal to open.
@@ -42,10 +42,11 @@ bool is_raw();
 // Returns the result of the last request: 0, or -1.
 int restore_ttymode();
 
-// A read of keys blocks until there is a byte.
+// From now on a read of keys blocks until there is a byte.
 void read_blocking();
 
-// A read of keys returns a byte, or nothing after `ftimeout` tenths of a second of silence.
+// From now on a read of keys returns a byte, or nothing after `ftimeout` tenths of a second of
+// silence.
 void read_timed();
 
 // Sends T_KEYXMIT once, before the first wait for a key.

@@ -19,9 +19,9 @@ struct env_list {
 extern env_list* env_lp;  // the newest value; null: none yet
 extern int envcnt;        // values stored from the defaults file so far, and the next one's name
 
-// The text of the value called `name`: the newest stored one, else the environment's, which is
-// stored, else an empty text. A name too long to be stored is looked up in the environment each
-// time. Without memory the program ends with a message and status 2.
+// The text of the value called `name`: the one stored last; else the environment's, which is stored
+// then; else an empty text. A name too long to be stored is looked up in the environment each time.
+// Without memory the program ends with a message and status 2.
 const char* get_an_env(std::string_view name);
 
 // Stores `line` (cut to 1023 bytes) as the value named by the decimal form of `envcnt`, and counts
