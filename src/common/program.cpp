@@ -14,7 +14,8 @@ char tbuf[scratch_size];
 char lbuf[scratch_size];
 char** largv = nullptr;
 const char* progname = "scrim";
-const char version[] = SCRIM_VERSION;
+
+const char* version() { return SCRIM_VERSION; }
 
 static void write_printable(FILE* to, std::string_view text) {
   while (!text.empty()) {

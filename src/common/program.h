@@ -33,7 +33,9 @@ extern char lbuf[scratch_size];  // a button's label while it is built
 
 extern char** largv;          // column, row and entries of the next pick list, then null; or null
 extern const char* progname;  // the program's name as it was called, for messages
-extern const char version[];  // the program's version, "2.4"
+
+// The program's version, "2.4".
+const char* version();
 
 // Writes a line: the parts, each control character of them as "?", and a newline. Texts from
 // outside may stand among the parts.

@@ -46,7 +46,7 @@ static const char* msg = nullptr;   // the message of -m
 
 [[noreturn]] static void usage() {
   complain({"Usage: ", progname, " [-lbtepmf]"});
-  complain({"  Version ", version, " "});
+  complain({"  Version ", version(), " "});
   fputs(
       "  -l x y list   - do a piclist at x,y\n"
       "  -b x y w h    - draw a box at x,y\n"

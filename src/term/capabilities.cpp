@@ -55,7 +55,7 @@ char* T_ALTINI = nullptr;
 const char* xkey_incodes[key_slots];
 char* graph_on = nullptr;
 char* graph_off = nullptr;
-const char vt100graph[line_slots + 1] = "qxnvwmlkjtu";
+static const char vt100graph[line_slots + 1] = "qxnvwmlkjtu";  // the VT100 letter of each slot
 char cxxxgraph[line_slots + 1] = "-|+++++++++";
 
 static const int default_lines = 24;              // for a terminal that does not tell its height
@@ -133,11 +133,7 @@ static_assert(slots[slot_backspace].code == XKEY_BACKSPACE && slots[slot_mouse].
 static_assert(slots[slot_control_k].code == XKEY_UP && slots[slot_control_l].code == XKEY_RIGHT);
 static_assert(slots[slot_control_j].code == XKEY_DOWN && slots[slot_function].code == XKEY_NULL);
 
-const std::array<std::int16_t, key_slots + 1> specialkeys = [] {
-  std::array<std::int16_t, key_slots + 1> codes = {};
-  for (std::size_t i = 0; i < key_slots; i++) codes[i] = slots[i].code;
-  return codes;
-}();
+std::int16_t specialkeys(int slot) { return slots[slot].code; }
 
 static const char* key_bytes(const key_slot& slot) {
   if (!slot.terminfo) return nullptr;

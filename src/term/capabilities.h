@@ -3,7 +3,6 @@
 // sending a null string sends nothing.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 namespace scrim {
@@ -52,7 +51,9 @@ enum {
   key_slots = 38
 };
 extern const char* xkey_incodes[key_slots];  // the bytes of each key; null or empty: none
-extern const std::array<std::int16_t, key_slots + 1> specialkeys;  // the code of each slot, then 0
+
+// The code of the key in a slot.
+std::int16_t specialkeys(int slot);
 
 // Slots of the line-drawing characters.
 enum {
@@ -69,10 +70,9 @@ enum {
   line_right_tee,
   line_slots
 };
-extern char* graph_on;                         // enters the line-drawing set; null: there is none
-extern char* graph_off;                        // leaves the line-drawing set
-extern const char vt100graph[line_slots + 1];  // the VT100 letter of each slot
-extern char cxxxgraph[line_slots + 1];         // the character in use for each slot
+extern char* graph_on;                  // enters the line-drawing set; null: there is none
+extern char* graph_off;                 // leaves the line-drawing set
+extern char cxxxgraph[line_slots + 1];  // the character in use for each slot
 
 // Sets memory aside for the terminal's description, so that a program that has run out of memory
 // can still show its last message. Called once, at the start; open_terminal gives the memory back.

@@ -109,7 +109,7 @@ static std::int16_t take_report() {
   const int count = read_numbers(key + report_start, ";;", fields);
   const bool press = count > 0 && fields[mouse_button] == press_button;
   std::copy_n(fields, count, press ? mouse_down : mouse_up);
-  return specialkeys[press ? slot_function : slot_mouse];
+  return specialkeys(press ? slot_function : slot_mouse);
 }
 
 static std::int16_t hand_out() {
@@ -127,10 +127,10 @@ static std::int16_t recognised(std::int16_t code) {
 
 // Decodes one key. Returns false when what came was a broken mouse report, which is dropped.
 static bool decode(std::int16_t& result) {
-  for (unsigned slot = 0; slot < key_slots; slot++) {
+  for (int slot = 0; slot < key_slots; slot++) {
     if (!xkey_incodes[slot] || !completes(xkey_incodes[slot])) continue;
     if (slot != slot_mouse) {
-      result = recognised(specialkeys[slot]);
+      result = recognised(specialkeys(slot));
       return true;
     }
     const report_result report = read_report();
