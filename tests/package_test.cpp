@@ -1,4 +1,4 @@
-// The Debian package, unpacked into a directory: it holds what it should, and works from there.
+// The Debian package of what is built, unpacked: it holds what it should, and works from there.
 
 #include <cstdlib>
 #include <filesystem>
@@ -14,9 +14,9 @@ namespace {
 TEST(Package, WorksWhereItIsUnpacked) {
   Terminal t;
   const std::string root = t.path("root");
-  const std::string build = SCRIM_SOURCE "/scripts/package " + t.path("build") + " >/dev/null";
-  ASSERT_EQ(std::system(build.c_str()), 0);
-  const std::string unpack = "dpkg -x " + t.path("build") + "/scrim_*.deb " + root;
+  const std::string pack = SCRIM_SOURCE "/scripts/package " + t.path(".") + " " SCRIM_BUILD;
+  ASSERT_EQ(std::system((pack + " >/dev/null").c_str()), 0);
+  const std::string unpack = "dpkg -x " + t.path(".") + "/scrim_*.deb " + root;
   ASSERT_EQ(std::system(unpack.c_str()), 0);
 
   for (const char* name :
