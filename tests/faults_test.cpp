@@ -102,7 +102,7 @@ TEST(Faults, RubbishAsScreenFile) {
   load("", 0, "");
   load(std::string(10'000'000, 'x'), 3, "Line too long: xxxxxxxx");
   load("fulls:clear\r\netext:1,1,5:v:A:CHAR:N\r\nbutton:OK:ok:Y\r\n", 0, "(OK)");
-  load(std::string("fulls\0\1\n\0\nbutton:A\0B:op\n", 25), 0, "(A)");
+  load(std::string("fulls\0\1\n\0\nbutton:A\0B:op\n", 24), 0, "(A)");
   load(noise, 2, "Invalid Command: ");
   std::string entries = "fulls:clear\npoplist:1,1::A";
   while (entries.size() < 515) entries += ":e";

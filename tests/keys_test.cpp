@@ -9,7 +9,8 @@
 namespace scrim {
 
 // The codes or names (without XKEY_) that the key test gives the bytes.
-static std::string decoded(std::string term, std::string library, std::string typed) {
+static std::string decoded(const std::string& term, const std::string& library,
+                           const std::string& typed) {
   Terminal t({.term = term});
   t.run({library, "-d"});
   t.type(typed + "\033");
