@@ -175,7 +175,7 @@ int display_swin(gadget_list* swin, int line) {
 // Frames and scroll-window rows that directives of the screen file asked for. A scroll window's
 // highlight and value are not computed here: its directives did that when they were read.
 static void draw_at_first() {
-  const first_drawing* drawing = curscrn->drawn ? nullptr : curscrn->drawings;
+  const first_drawing* drawing = curscrn->paintings++ > 0 ? nullptr : curscrn->drawings;
   for (; drawing; drawing = drawing->next) {
     if (drawing->rows) {
       paint_window(*drawing->rows, -1);
@@ -183,7 +183,6 @@ static void draw_at_first() {
       do_box_c(drawing->x, drawing->y, drawing->w, drawing->h, 0);
     }
   }
-  curscrn->drawn = true;
 }
 
 int PaintScreen() {

@@ -56,7 +56,7 @@ static void fit(pick_list& list) {
     bound = top + s_screen[curscreen].windh;
   }
   if (list.y + list.count + 1 > bound) list.y = bound - (list.count + 1);
-  list.y = std::max(list.y, top + (list.framed ? 1 : 0));
+  list.y = std::max(list.y, std::max(top, 0) + (list.framed ? 1 : 0));
   list.rows = std::clamp(bound - 1 - list.y, 1, list.count);
 }
 

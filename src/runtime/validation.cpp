@@ -131,11 +131,10 @@ static int show_failure(per_screen& screen, gadget_list& field, const char* mess
   screen.blp = &field;
   screen.activeg = field.gadgetid;
   snprintf(action, sizeof action, ">%s", screen.screenname);
-  const bool drawn = screen.drawn;
   DoGoToScreen(action);
   error_pop(message);
-  // The first painting lies under the message: what is drawn only then is drawn once more.
-  screen.drawn = drawn;
+  // A first painting lies under the message now: what is drawn only then is drawn once more.
+  if (curscrn->paintings == 1) curscrn->paintings = 0;
   PaintScreen();
   return 1;
 }

@@ -100,7 +100,7 @@ struct per_screen {
   const char* path;             // the file's name uncut, for opening it
   first_drawing* drawings;      // what the first painting draws besides window and gadgets
   first_drawing* drawings_end;  // its last one
-  bool drawn;                   // the first painting has been
+  int paintings;                // how often the screen has been painted
 };
 
 // Words of a pop list's vector. They are the items of its line, but for two: text and name are

@@ -19,6 +19,7 @@
 
 namespace scrim {
 
+static const int farthest_row = INT_MAX / 2;  // of a cursor: a window's place can still be added
 static const char no_memory[] = "Can't allocate memory for popup list";
 
 // A directive that shows rows takes the highlight to the cursor at once, and the value with it; the
@@ -96,7 +97,7 @@ int f_swpos() {
   first_numbers(at, position, INT_MAX);
   swin.swoff = std::max(position[1], 0);
   const std::int64_t row = std::int64_t{position[0]} - swin.swoff;
-  swin.swiny = static_cast<int>(std::clamp<std::int64_t>(row, -coordinate_limit, coordinate_limit));
+  swin.swiny = static_cast<int>(std::clamp<std::int64_t>(row, -farthest_row, farthest_row));
   show_rows(swin);
   swdefer = 0;
   return 0;
