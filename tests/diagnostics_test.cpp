@@ -22,7 +22,7 @@ TEST(Diagnostics, DumpShowsTheCapabilitiesAndTheLineCharacters) {
   Terminal xterm;
   xterm.run({"-D"});
   xterm.expect_row(0, "┌┐└┘─│");
-  EXPECT_TRUE(xterm.emulator.output().starts_with("Graphics capable  1b 28 30 \n\n" + keys));
+  EXPECT_TRUE(xterm.expect_end(0).starts_with("Graphics capable  1b 28 30 \n\n" + keys));
 }
 
 }  // namespace scrim

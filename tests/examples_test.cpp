@@ -51,8 +51,7 @@ TEST(Examples, OrderIsCheckedOverAllPages) {
   t.type(kDown);
   t.type(" ");
   t.type(std::string(kPageDown) + "\n");
-  t.expect_exit(0, t.emulator.output());
-  const std::string printed = t.emulator.output();
+  const std::string printed = t.expect_end(0);
   EXPECT_TRUE(printed.starts_with("Customer: Miller <>\nOrder:    12 of Hammer, by courier\n"))
       << printed;
   EXPECT_TRUE(printed.ends_with("Gift wrapped\nWith invoice\n")) << printed;

@@ -14,9 +14,8 @@ static std::string decoded(const std::string& term, const std::string& library,
   Terminal t({.term = term});
   t.run({library, "-d"});
   t.type(typed + "\033");
-  t.expect_exit(0, t.emulator.output());
   const std::regex line("[^]*?\n\rKey = (XKEY_)?(\\S+)|\n\r");
-  return std::regex_replace(t.emulator.output(), line, "$2 ");
+  return std::regex_replace(t.expect_end(0), line, "$2 ");
 }
 
 TEST(Keys, BytesAreDecodedAsTheTerminalDescribesThem) {

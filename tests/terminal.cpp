@@ -68,8 +68,7 @@ Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
 }
 
 Terminal::~Terminal() {
-  for (int descriptor : {emulator.setup.input, emulator.setup.output})
-    if (descriptor >= 0) close(descriptor);
+  if (emulator.setup.input >= 0) close(emulator.setup.input);
   std::error_code ignored;
   std::filesystem::remove_all(directory_, ignored);
 }
@@ -94,11 +93,6 @@ void Terminal::input(std::string_view bytes) {
 void Terminal::input_from(const std::string& name) {
   emulator.setup.input = open(path(name).c_str(), O_RDONLY | O_CLOEXEC);
   EXPECT_GE(emulator.setup.input, 0) << name;
-}
-
-void Terminal::output_to(const std::string& name) {
-  emulator.setup.output = open(path(name).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-  EXPECT_GE(emulator.setup.output, 0) << name;
 }
 
 void Terminal::run(const std::vector<std::string>& arguments, test_line where) {
@@ -199,6 +193,13 @@ void Terminal::expect_exit(int status, std::string_view output, test_line where)
     return described(emulator.status(), emulator.output(), emulator.settings_kept());
   };
   expect(described(status, output, true), found, where);
+}
+
+const std::string& Terminal::expect_end(int status, test_line where) {
+  const int64_t deadline = milliseconds() + patience;
+  while (!emulator.ended() && milliseconds() < deadline) emulator.pump(quiet);
+  expect_exit(status, emulator.output(), where);
+  return emulator.output();
 }
 
 std::string Terminal::path(const std::string& name) const {

@@ -16,9 +16,8 @@ namespace scrim {
 
 // What an xterm sends in the keypad-transmit mode that its description switches on.
 inline constexpr char kUp[] = "\033OA", kDown[] = "\033OB", kRight[] = "\033OC", kLeft[] = "\033OD";
-inline constexpr char kHome[] = "\033OH", kEnd[] = "\033OF", kDelete[] = "\033[3~";
 inline constexpr char kPageUp[] = "\033[5~", kPageDown[] = "\033[6~", kBackspace[] = "\177";
-inline constexpr char kF1[] = "\033OP", kF2[] = "\033OQ", kF3[] = "\033OR", kF4[] = "\033OS";
+inline constexpr char kF3[] = "\033OR";
 
 // The line of the test that called, for its failure message.
 struct test_line {
@@ -43,7 +42,6 @@ class Terminal {
   void directory(const std::string& path) { emulator.setup.directory = path; }
   void input(std::string_view bytes);        // standard input: a pipe with these bytes (64 KiB)
   void input_from(const std::string& name);  // standard input: a file, seen from the own directory
-  void output_to(const std::string& name);   // standard output, likewise: "/dev/full"
 
   // Start scrim or any command (scrim is found first on its PATH), and wait until it has ended or
   // waits for a key. Once for each Terminal.
@@ -68,6 +66,8 @@ class Terminal {
   // The end: exit code (or 128 + signal number), all of the collected standard output, and line
   // settings as they were before the start.
   void expect_exit(int status, std::string_view output, test_line where = test_line::here());
+  // The same for an output that the test judges by itself: returns it.
+  const std::string& expect_end(int status, test_line where = test_line::here());
 
   std::string read(const std::string& name) const;  // a file of the own directory, "" when absent
   std::string path(const std::string& name) const;  // its full name
