@@ -11,22 +11,6 @@ namespace {
 
 std::string example(const std::string& name) { return SCRIM_SOURCE "/examples/" + name; }
 
-TEST(Examples, CustomerIsPrintedAsEntered) {
-  Terminal t;
-  t.env("CUSTOMER_SINCE", "1/2/99");
-  t.env("CUSTOMER_TOWN", "Bonn");
-  t.command({example("customer/customer.sh")});
-  t.type("Smith & \"Co\" $(exit 9)" + std::string(kDown) + "Main St\t53111\t\t\t42.5s\tpw");
-  t.expect_row(3,
-               "│      Name       [Smith & \"Co\" $(exit 9)        ]                            │");
-  t.expect_row(11,
-               "│      Password   [**                  ]                                      │");
-  t.type("\t\r");
-  t.expect_exit(0,
-                "Name:   Smith & \"Co\" $(exit 9)\nStreet: Main St\nTown:   53111 Bonn\n"
-                "Since:  1/2/99\nCredit: 42.5\nPassword of 2 characters\n");
-}
-
 // The missing name is on the first page, the button that asks for it on the last one.
 TEST(Examples, OrderIsCheckedOverAllPages) {
   Terminal t;

@@ -122,47 +122,6 @@ TEST(Faults, AThousandScreensAndAHundredThousandGadgets) {
   t.expect_exit(0, "RETN=cancel\n");
 }
 
-// Every directive with its items missing, doubled, negative, huge and long: no crash, no status
-// other than those of screen files.
-TEST(Faults, DirectivesWithSpoiltItems) {
-  const std::string directives[] = {"fulls:clear",
-                                    "button:_OK:ok:Y",
-                                    "pbutton:1,1:OK:ok",
-                                    "title:T",
-                                    "table:T",
-                                    "name:N",
-                                    "pop:20,10:clear",
-                                    "box:1,1,10,5",
-                                    "etext:1,1,5/9:v:A",
-                                    "bdefault:a:Y",
-                                    "checkbox:1,1:X:A:a",
-                                    "xcheckbox:1,1:_:A:b",
-                                    "atext:1,1",
-                                    "swin:1,1,20,5:data:P",
-                                    "swhigh:cursor",
-                                    "swhigh:3",
-                                    "swdefer",
-                                    "swpos:5,2",
-                                    "poplist:1,1::A:a:b"};
-  for (const std::string& directive : directives) {
-    const std::string keyword = directive.substr(0, directive.find(':'));
-    const std::string spoilt[] = {keyword + ":", directive + ":" + directive,
-                                  keyword + ":-5,-5,-5,-5:-:-:-:-:-",
-                                  keyword + ":99999999999,99999,2147483648,-9999999999:data:A:b:c",
-                                  directive + std::string(2000, 'y')};
-    for (const std::string& line : spoilt) {
-      Terminal t({.rows = 10, .columns = 30});
-      t.file("data", "line\n");
-      t.file("a.scrim", "fulls:clear\nswin:1,1,9,5:data\n" + line + "\nbutton:Q:q\n");
-      t.run({"-f", "a.scrim"});
-      while (!t.emulator.ended()) t.type("\x18");
-      EXPECT_TRUE(t.emulator.status() == 0 || t.emulator.status() == 2 || t.emulator.status() == 3)
-          << line.substr(0, 80) << t.emulator.status();
-      EXPECT_TRUE(t.emulator.settings_kept()) << line.substr(0, 80);
-    }
-  }
-}
-
 TEST(Faults, ValuesCannotDriveTheTerminal) {
   for (const std::string& value : {std::string("\033[13z\033]0;title\a\x9bx"),
                                    std::string("two\nlines"), std::string(100'000, 'v')}) {
