@@ -80,9 +80,6 @@ TEST(Faults, OddWindows) {
     t.expect_cursor(rows - 1, 0);
     t.expect_exit(0, "A=\"x\";export A;RETN=default\n");
   }
-  Terminal name({.term = std::string(300, 'x')});
-  name.run({"-T", "-p", "1", "1"});
-  name.expect_exit(6, "");
 }
 
 // Loads, leaves with Escape or its pop-up's key, and has shown this.
