@@ -21,6 +21,7 @@ TEST(Editing, KeysChangeTheValueAndTheView) {
       {"4/9:abcdef:V", "\f\f\f\f\f\f\f\25", "[cdef]", 6, ""},
       {"8:abc:V", "\fx", "[abxc    ]", 5, "abxc"}, {"8:abc:V", "\f\177", "[ab      ]", 4, "ab"},
       {"8:abc:V", "\177", "[abc     ]", 5, "abc"}, {"8:abc:V", "\f\f\f\b", "[abc     ]", 2, ""},
+      {"8:abc:V", "\b", "[ab      ]", 4, "ab"},
       {"4/9:abcdef:V", "\f\f\f\f\f\b", "[bcde]", 2, "bcdef"},
       {"4/9:abcdef:V", "\f\f\f\fxyz", "[xyzc]", 5, "abxyzcdef"},
       {"8:1:V:NUMBER", "4x -.,e", "[14-.    ]", 6, "14-."},
@@ -30,6 +31,7 @@ TEST(Editing, KeysChangeTheValueAndTheView) {
       // clang-format on
   };
   for (const auto& [field, keys, shown, cursor, value] : cases) {
+    SCOPED_TRACE(testing::PrintToString(std::pair(field, keys)));
     Terminal t({.term = "vt100"});
     t.file("s", std::string("etext:2,1,") + field);
     t.run({"-f", "s"});

@@ -24,6 +24,12 @@ TEST(Keys, BytesAreDecodedAsTheTerminalDescribesThem) {
       {"xterm", "-", "\033OA\033OB\033OD\033OC", "UP DOWN LEFT RIGHT"},
       {"xterm", "-", "\033[3~\033[6~\033[5~\177", "DELETE NEXT PREV BACKSPACE"},
       {"xterm", "-", "\033OP\033OQ\033OR\033OS\033[24~", "F1 F2 F3 F4 F4"},
+      {"xterm", "-", "\033[15~\033[17~\033[18~\033[19~\033[20~\033[21~\033[23~",
+       "F4 F4 F4 F4 F4 F4 F4"},
+      {"xterm", "-",
+       "\033[1;2P\033[1;2Q\033[1;2R\033[1;2S\033[15;2~\033[17;2~\033[18;2~\033[19;2~\033[20;2~"
+       "\033[21;2~\033[23;2~\033[24;2~",
+       "F4 F4 F4 F4 F4 F4 F4 F4 F4 F4 F4 F4"},
       // A key that begins with the whole of an earlier one is never recognised.
       {"scrim-keys", "-", "\033[20x\033[21x\033[C~\033[29x", "NULL F1 RIGHT 126 F4"},
       {"scrim-keys", "-T", "\033[21x\033[22x\033[29x\033[U\033[V", "NULL F1 F4 NEXT PREV"},
@@ -31,8 +37,10 @@ TEST(Keys, BytesAreDecodedAsTheTerminalDescribesThem) {
       {"scrim-cookie", "-", "\x0b\x0c\n\b\r", "UP RIGHT DOWN BACKSPACE 13"},
       {"dumb", "-", "\033>2;10;5X\033>3;10;5X\033>X", "NULL MOUSE MOUSE"},
   };
-  for (const auto& [term, library, typed, keys] : cases)
+  for (const auto& [term, library, typed, keys] : cases) {
+    SCOPED_TRACE(term + " " + testing::PrintToString(typed));
     EXPECT_EQ(decoded(term, library, typed), keys + " ESCAPE  24 lines ");
+  }
 }
 
 // The pop-up takes one key; what was received with it and is no part of it goes to the field.
@@ -44,6 +52,7 @@ TEST(Keys, NothingTypedIsLostWhenNoKeyMatches) {
       {"\033>12345678901234567890123", "X", ">12345678901234567890123X"},  // too long for one
   };
   for (const auto& [typed, later, value] : cases) {
+    SCOPED_TRACE(value);
     Terminal t({.term = "scrim-keys", .nonblocking = value[0] == '['});
     t.file("s", "etext:2,2,40::V:CHAR:N\nbdefault:ok:Y\n");
     t.run({"-f", "s"});
