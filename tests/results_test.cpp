@@ -12,6 +12,7 @@ TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
       "etext:2,5,20:1/9:BORN:DATE\netext:2,6,20:it's:NOTE\n";
   const std::string all = "\"\0042\004*\0049\004?\n", leave = "RETN=default\n";
   const std::string born = "to_date('1/99','MM/DD/YYYY HH24 MI SS')\n", old = "old|old|old";
+  const std::string added = "NAME 'John'\nAGE 4\nDUE NULL\nBORN " + born + "|old|old";
   // Options, keys, standard output, and the files of -A, -W and -U.
   const std::string cases[][4] = {
       {"", "\033", "RETN=cancel\n", old},
@@ -19,7 +20,8 @@ TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
        "NAME=\"John\"\";export NAME;AGE=\"42\";export AGE;DUE=\"**\";export DUE;"
        "BORN=\"1/99\";export BORN;NOTE=\"it's?\";export NOTE;RETN=default\n",
        old},
-      {"-Aadd", "\4\4\0049\n", leave, "NAME 'John'\nAGE 4\nDUE NULL\nBORN " + born + "|old|old"},
+      {"-Aadd", "\4\4\0049\n", leave, added},
+      {"-Aadd >&-", "\4\4\0049\n", "", added},
       {"-Wwhere -Uupdate -Aadd", all, leave,
        "NAME 'John\"'\nAGE 42\nDUE NULL\nBORN " + born + "NOTE it's?\n||"},
       {"-Uupdate -Wwhere", all, leave,
@@ -31,11 +33,21 @@ TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
     Terminal t;
     t.file("s", form);
     for (const char* name : {"add", "where", "update"}) t.file(name, "old");
-    t.command({"sh", "-c", "exec scrim " + options + " -f s"});
+    SCOPED_TRACE(options);
+    t.command({"sh", "-c", "exec scrim -f s " + options});
     t.type(keys);
     t.expect_exit(0, output);
-    EXPECT_EQ(t.read("add") + "|" + t.read("where") + "|" + t.read("update"), files) << options;
+    EXPECT_EQ(t.read("add") + "|" + t.read("where") + "|" + t.read("update"), files);
   }
+}
+
+TEST(Results, StandOnATerminalThatIsTheUsersAgain) {
+  Terminal t;
+  t.file("s", "etext:2,2,9::A\n");
+  t.command({"sh", "-c", "exec scrim -f s >/dev/tty"});
+  t.type("x\n");
+  t.expect_exit(0, "");
+  EXPECT_TRUE(t.raw().ends_with("\033>A=\"x\";export A;RETN=default\r\n"));
 }
 
 }  // namespace scrim

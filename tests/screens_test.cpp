@@ -22,13 +22,16 @@ TEST(Screens, ActionsAndPageKeysSwitchAndKeepTheActiveGadget) {
   t.type("\r");
   t.expect_reverse(21, 32, 6);
   t.type(kPageDown);
-  t.type(kLeft + ("\r\t\r q" + up));  // on a screen without gadgets these do nothing
+  t.expect_text(21, 32, std::string(6, ' '));  // nothing of the button highlighted before
+  t.type(kLeft + ("\r\t\r q" + up));           // on a screen without gadgets these do nothing
   t.expect_text(10, 30, "┌──────────────────┐ ");
   t.type("\n");
   t.expect_reverse(21, 46, 6);
   t.type("B");
   t.expect_reverse(21, 32, 6);
-  t.type("\r\t\r" + std::string(kPageUp) + "\033");  // the switch takes the pop-up's place
+  t.type("\r\t\r");
+  t.expect_text(13, 1, std::string(77, ' '));
+  t.type(std::string(kPageUp) + "\033");  // the switch has taken the pop-up's place
   t.expect_exit(0, "A=\"x\";export A;RETN=cancel\n");
 }
 
@@ -47,6 +50,7 @@ TEST(Screens, ErrorsEndTheProgramWithAMessage) {
                {"atext:5,5", "Screen file syntax error - multiple text"},
                {"poplist:1,1::V:one", "Not enough parameters for popup list", 0, 2}};
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.line);
     Terminal t;
     t.file("first", "fulls\nbdefault:>main\nswin:1,1,9,5:first\natext:1,1\nendtext:\n");
     t.file("second", "name:main\nfulls\n" + c.line);
@@ -78,8 +82,8 @@ TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
   Terminal t;
   t.file("main", "name:main\nfulls\netext:9,3,9::A::N\nbutton:OK:ok:Y\n");
   t.file("two",
-         "name:two\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\nbutton:OK:yes:Y\n"
-         "box:20,9,10,9\n");
+         "name:two\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\n"
+         "pbutton:3,9:Save:yes:Y\nbox:20,9,10,9\n");
   t.run({"-f", "main,two"});
   t.type(up + "\033");  // cancelling from a button that validates can be refused too
   t.expect_shown("Missing value in required field!");
@@ -87,7 +91,8 @@ TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
   t.expect_shown("Missing value in required field!");
   t.type("x");
   t.expect_cursor(7, 9);
-  t.expect_text(10, 20, "│        │ ");  // where the message lay
+  t.expect_text(10, 20, "│        │ ");        // where the message lay
+  t.expect_text(21, 1, std::string(77, ' '));  // where the first screen has its button
   t.type("r" + up + "13/1/99" + down + down + "\r");
   t.expect_shown("Month out of range in date field!");
   t.type("x");
@@ -108,6 +113,7 @@ TEST(Screens, ExclusiveCheckboxesClearTheOthersAndPaintTheirText) {
   t.expect_screen(2, "\n    [X]     A\n    [X]       B you\n    [ ]\n    [ ]     #C\n");
   t.type(down + " ");
   t.expect_screen(2, "\n    [X]      two\n    [ ]       B you\n    [X]\n    [ ]     #C\n");
+  for (int row : {3, 4, 5}) t.expect_reverse(row, 5, row == 4);
   t.type(up + " " + down + " ");
   t.expect_text(2, 12, "Atwo");  // the marked blank has become one that leaves its cell alone
   t.type("\n");
