@@ -14,33 +14,38 @@ static std::string times(int n, const std::string& keys) {
 
 TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
   const struct {
-    std::string after, keys, first;  // the last: data line in the window's first row
-    int cursor, marked;              // rows, 0: none
+    std::string after, keys;
+    int first;           // data line in the window's first row; 11: all are blank
+    int cursor, marked;  // rows, 0: none
     std::string value = "", before = "";
-  } cases[] = {{"", times(30, down), "9", 4, 0},
-               {"", up + previous + times(5, down) + times(4, up), "2", 1, 0},
-               {"", down + next + next + next, "7", 1, 0},
-               {"", next + next + down + previous, "3", 1, 0},
-               {"", next + down + " ", "4", 2, 2, "5,3"},
-               {"", next + down + "  ", "4", 2, 0, "-1,3"},
-               {"", next + "  " + down + " " + times(3, down), "5", 4, 1, "5,3"},
-               {"swhigh:cursor", "", "1", 1, 1, "1,0"},
-               {"swhigh:cursor", times(4, down) + up, "2", 3, 3, "4,1"},
-               {"swhigh:cursor", "", "", 1, 0, "-1,0", "swdefer\n"},
-               {"swhigh:3", times(4, down), "2", 4, 2},
-               {"swhigh:cursor\nswpos:5,2", "", "3", 3, 3, "5,2", "swdefer\n"},
-               {"swpos:2,-4", " ", "1", 2, 2, "2,0"},
-               {"swpos:9,1", down + up + up, "2", 7, 0},
-               {"swhigh:cursor\nswpos:0,0", up + up + up + down + down, "1", -1, 0, "-1,0"}};
+  } cases[] = {{"", times(30, down), 9, 4, 0},
+               {"", up + previous + times(5, down) + times(4, up), 2, 1, 0},
+               {"", down + next + next + next, 7, 1, 0},
+               {"", next + next + down + previous, 3, 1, 0},
+               {"", next + down + " ", 4, 2, 2, "5,3"},
+               {"", next + down + "  ", 4, 2, 0, "-1,3"},
+               {"", next + "  " + down + " " + times(3, down), 5, 4, 1, "5,3"},
+               {"swhigh:cursor", "", 1, 1, 1, "1,0"},
+               {"swhigh:cursor", times(4, down) + up, 2, 3, 3, "4,1"},
+               {"swhigh:cursor", "", 11, 1, 0, "-1,0", "swdefer\n"},
+               {"swhigh:3", times(4, down), 2, 4, 2},
+               {"swhigh:cursor\nswpos:5,2", "", 3, 3, 3, "5,2", "swdefer\n"},
+               {"swpos:2,-4", " ", 1, 2, 2, "2,0"},
+               {"swpos:9,1", down + up + up, 2, 7, 0},
+               {"swhigh:cursor\nswpos:0,0", up + up + up + down + down, 1, -1, 0, "-1,0"}};
   for (const auto& c : cases) {
+    SCOPED_TRACE(testing::PrintToString(std::tuple(c.before, c.after, c.keys)));
     Terminal t;
     t.file("data", "1\n2\n3\n4\n5\n6\n7\n8\n9\nlast");
     t.file("form", c.before + "fulls:clear\nswin:2,1,20,6:data:V\n" + c.after + "\n");
     t.run({"-f", "form"});
     t.type(c.keys);
-    t.expect_text(2, 4, c.first + "  ");
     t.expect_cursor(1 + c.cursor, 3);
-    for (int row = 1; row <= 4; row++) t.expect_reverse(1 + row, 4, row == c.marked ? 16 : 0);
+    for (int row = 1, line = c.first; row <= 4; row++, line++) {
+      const std::string shown = line < 10 ? std::to_string(line) : line == 10 ? "last" : "";
+      t.expect_text(1 + row, 4, shown + std::string(16 - shown.size(), ' '));
+      t.expect_reverse(1 + row, 4, row == c.marked ? 16 : 0);
+    }
     t.type("\n");
     t.expect_exit(0, (c.value.empty() ? "" : "V=\"" + c.value + "\";export V;") + "RETN=default\n");
   }
@@ -51,20 +56,25 @@ TEST(Scrolling, DataEndAtTheFirstNulAndMayComeFromAPipe) {
     std::string file, first, third, value;
   } cases[] = {{"data", "a line t", "@x", "6,2"},
                {"dos", "a?b", "", "5,1"},
-               {"pipe", "sent", "", "4,0"},
+               {"pipe", "sent", "sent", "314,310"},
                {"/proc/self/comm", "scrim", "", "4,0"},
-               {"/dev/null", "", "", "4,0"}};
+               {"empty", "", "", "4,0"},
+               {"long", "1", "3", "303,299"}};
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.file);
     Terminal t;
+    t.file("empty", "");
+    t.file("long", "1\n2\n3" + times(298, "\n") + "last");
     t.file("data", std::string_view("a line that is too long\n\n\tx\nlast\0no\nno\n", 39));
     t.file("dos", "a\rb\r\n\r\n");
     t.file("f", "swin:1,0,12,6:" + c.file + ":V\n");
-    t.command(
-        {"sh", "-c", "mkfifo pipe; [ $0 = pipe ] && echo sent >$0 & exec scrim -f f", c.file});
+    t.command({"sh", "-c",
+               "mkfifo pipe; [ $0 = pipe ] && yes sent | head -n 60000 >$0 & exec scrim -f f",
+               c.file});
     t.expect_row(0, " ┌──────────┐");
     t.expect_text(1, 3, c.first + " ");
     t.expect_text(3, 3, c.third + " ");
-    t.type(next + times(9, down) + " \n");
+    t.type(next + times(310, down) + " \n");
     t.expect_exit(0, "V=\"" + c.value + "\";export V;RETN=default\n");
   }
 }
