@@ -18,6 +18,7 @@ TEST(Lists, KeysAndMousePickAnEntry) {
       {-3, {" \033", "\030"}}};
   for (const auto& [result, all] : cases)
     for (const std::string& keys : all) {
+      SCOPED_TRACE(testing::PrintToString(keys));
       Terminal t;
       t.run({"-l", "10", "5", "Add", "Delete", "Exit", "last"});
       t.type(keys);
@@ -27,6 +28,7 @@ TEST(Lists, KeysAndMousePickAnEntry) {
 
 TEST(Lists, LongerThanTheirRoomFollowTheSelection) {
   for (int framed : {0, 1}) {
+    SCOPED_TRACE(framed);
     words line = framed ? words{"-b", "-l", "0", "9"} : words{"-l", "0", "9"};
     for (int i = 10; i < 40; i++) line.push_back(std::to_string(i) + std::string(40, '.'));
     Terminal t;
@@ -56,6 +58,7 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
        "\n│[┌──┐]    │\n│ │aa│     │\n│ │Bb│     │\n│ │Cc│     │\n│ │Dd│     │\n"},
   };
   for (const auto& [window, row, key, picture] : cases) {
+    SCOPED_TRACE(window + (" " + key));
     Terminal t;
     t.file("form", window + std::string("\npoplist:2,1::P:aa:Bb:Cc:Dd:Ee\n"));
     t.run({"-f", "form"});
@@ -93,6 +96,32 @@ TEST(Lists, ALetterThatLeadsNowhereRedrawsItsEntry) {
   EXPECT_TRUE(t.raw().substr(drawn).ends_with("\033[6;10H Add  \033[6;10H\033[7mAdd \033[0m"));
 }
 
+// In a full-screen window row 22 is the lowest for a frame.
+TEST(Lists, OpenWithTheChosenEntryInView) {
+  // The field's row, entries (10, 11, ...), the chosen one; row of the frame, first entry in view.
+  const int cases[][5] = {{16, 4, 13, 16, 10}, {17, 4, 10, 17, 10}, {18, 4, 11, 17, 10},
+                          {21, 4, 12, 17, 10}, {4, 30, 10, 0, 10},  {4, 30, 39, 0, 19}};
+  for (const auto& [row, count, chosen, top, first] : cases) {
+    SCOPED_TRACE(testing::PrintToString(std::tuple(row, count, chosen)));
+    Terminal t;
+    const std::string value = std::to_string(chosen);
+    std::string form = "fulls:clear\npoplist:5," + std::to_string(row) + ":" + value + ":P";
+    for (int i = 10; i < 10 + count; i++) form += ":" + std::to_string(i);
+    t.file("form", form);
+    t.run({"-f", "form"});
+    t.type(kRight);
+    const int rows = std::min(count, 21);
+    t.expect_text(top, 5, "┌──");
+    t.expect_text(top + rows + 1, 5, "└──");
+    for (int i = 0; i < rows; i++) {
+      t.expect_text(top + 1 + i, 6, std::to_string(first + i));
+      t.expect_reverse(top + 1 + i, 6, first + i == chosen ? 2 : 0);
+    }
+    t.type("\r\n");
+    t.expect_exit(0, "P=\"" + value + "\";export P;RETN=default\n");
+  }
+}
+
 TEST(Lists, FieldsTakeLettersOrOpenTheirListAboveTheWindowsEnd) {
   const std::pair<std::string, words> cases[] = {
       {"Green", {"g", ".W" + down + "\r", "\t\033>2;26;15X\033>3;26;15X\033>3;27;13X"}},
@@ -100,6 +129,7 @@ TEST(Lists, FieldsTakeLettersOrOpenTheirListAboveTheWindowsEnd) {
       {"Red", {"qq", ".w \033", ".xW\t"}}};
   for (const auto& [value, all] : cases)
     for (const std::string& keys : all) {
+      SCOPED_TRACE(testing::PrintToString(keys));
       Terminal t;
       t.file("form", "pop:40,10\npoplist:5,8::P:Red:Green:Blue:Black\netext:5,1,4::E\n");
       t.run({"-f", "form"});
