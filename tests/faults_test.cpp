@@ -50,14 +50,15 @@ TEST(Faults, KeysFromAFileAndTheirEnd) {
       {{"-f", "a.scrim"}, "", 4, ""},
       {{"-l", "5", "3", "a", "b"}, "\033OB", 4, ""},
       {{"-e", "message"}, "", 0, ""},
+      {{"-f", "a.scrim"}, nullptr, 4, ""},  // a directory, which cannot be read
       {{"-f", "bad.scrim"}, "", 2, ""},
   };
   for (const auto& c : cases) {
     Terminal t;
     t.file("a.scrim", form);
     t.file("bad.scrim", "nonsense\n");
-    t.file("keys", c.keys);
-    t.input_from("keys");
+    t.file("keys", c.keys ? c.keys : "");
+    t.input_from(c.keys ? "keys" : ".");
     t.run(c.line);
     t.expect_exit(c.status, c.output);
   }
@@ -67,8 +68,21 @@ TEST(Faults, NonBlockingTerminal) {
   Terminal t({.nonblocking = true});
   t.file("a.scrim", form);
   t.run({"-f", "a.scrim"});
-  t.type("An" + std::string(kLeft) + "n\033");
+  t.emulator.pump(300);  // longer than the bytes of a key are waited for
+  t.type("A");
+  t.expect_text(3, 9, "[A ");
+  t.type("n" + std::string(kLeft) + "n\033");
   t.expect_exit(0, "A=\"Ann\";export A;RETN=cancel\n");
+}
+
+// Such a terminal takes only a part of what is written while it is busy.
+TEST(Faults, NothingOfALongTextIsLost) {
+  std::string text;
+  for (int i = 0; i < 20'000; i++) text += std::to_string(10'000 + i) + " ";
+  Terminal t({.nonblocking = true});
+  t.run({"-m", "0,0", text});
+  t.expect_exit(0, "");
+  EXPECT_NE(t.raw().find(text), std::string::npos);
 }
 
 TEST(Faults, OddWindows) {

@@ -25,6 +25,8 @@ TEST(Form, GadgetsAreMarkedOnEveryKindOfTerminal) {
 )");
     t.type("\t\t\t");
     t.expect_reverse(5, cookie ? 3 : 4, 4);
+    t.type("\t\x15");  // a button that was active looks as before
+    t.expect_row(5, "  | (Ok)    <Exit>   Help      |");
     for (int column : {5, 14}) t.expect_underline(5, column, cookie ? 0 : 1);  // active or not
   }
 }
@@ -35,6 +37,7 @@ TEST(Form, WindowsCoverWhatTheirKindSays) {
       {"fulls:clear", 22, 76, "--+ "},   {"fulls:overlap", 21, 76, "  00"},
       {"pop:8,4", 10, 35, "0+---T--+0"}, {"pop:8,4", 11, 35, "0|      |0"},
       {"pop:41,11", 6, 18, "0+--"},      {"pop:8,4:clear", 13, 35, " +------+ "},
+      {"pop:3,3", 11, 37, "0| |0"},
   };
   for (const auto& [window, row, column, text] : cases) {
     Terminal t({.term = "scrim-plain"});
