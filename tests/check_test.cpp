@@ -15,7 +15,7 @@ namespace {
 const char* const forms[] = {
     R"(frame:1 # Invalid Command: frame:1 | LONG # Line too long: LONG | fulls
 swin:1,1,9,5:/none # Can't open '/none' | swpos:9,1 # the cursor's row 8 is not in the scroll window
-poplist:1,9:a:P:b # Not enough parameters for popup list | swhigh:3x # LINE missing, or not numbers
+swpos:1,0 | poplist:1,9:a:P:b # Not enough parameters for popup list | swhigh:3x # LINE missing, or not numbers
 checkbox:9,9:_:C:c # checkbox save text reference error | --
 pop:90,3 # the window leaves the screen of 80 columns and 24 rows | name: # the name is missing
 fulls # a second window directive | bdefault # the action is missing
@@ -39,14 +39,16 @@ etext:30,15,3::T:NUMBR # unknown type 'NUMBR' | etext:30,16,3::U:CHAR:Y # 'Y' wh
 etext:30,17,3::b c # variable 'b c' is no name for a shell)",
     R"(name:m | fulls | bdefault:^no # no screen of the list has the name 'no' | etext:1,1,9::A::N
 pbutton:1,2:Go:>M # no screen of the list has the name 'M' | -- | fulls
-name:m # screen name m is that of a:1 too | checkbox:2,2:_:A # variable A is that of a:4 too
-etext:1,1,9::B::N # required field on a screen that no action leads to)",
+name:m # screen name m is that of a:1 too
+etext:1,1,9::B::N # required field on a screen that no action leads to
+checkbox:2,2:_:A # variable A is that of a:4 too)",
     R"(fulls | pbutton:1,1:_Go:^p | -- | name:p | pop:20,9 | bdefault:^ | etext:1,1,9::A:CHAR
 etext:1,2,9::B:DATE # a field that is checked on a pop-up that "^" leaves
 etext:1,3,9::C:CHAR:N # a field that is checked on a pop-up that "^" leaves)"};
 
 TEST(Check, EveryFaultIsSaidAtItsLine) {
   for (const std::string form : forms) {
+    SCOPED_TRACE(form);
     std::istringstream lines(std::regex_replace(form, std::regex(" \\| "), "\n"));
     std::string name = "a", line, output, files[2];
     for (int number = 1; std::getline(lines, line); number++) {
@@ -73,15 +75,20 @@ TEST(Check, EachListIsAFormOfItsOwn) {
   const std::string twice =
       "b:2: variable A is that of a:2 too\n"
       "b:3: Screen file syntax error - multiple text\n";
+  const std::string unreached = "to:3: required field on a screen that no action leads to\n";
   const std::tuple<std::string, int, std::string> cases[] = {{"a b", 0, ""},
                                                              {"a,b a,b none", 2, twice},
+                                                             {"go,to a,go,to", 1, unreached},
                                                              {"-q a,b", 1, ""},
                                                              {"a ,", 2, ""},
                                                              {"-x a", 2, ""}};
   for (const auto& [line, status, output] : cases) {
+    SCOPED_TRACE(line);
     Terminal t;
     for (const char* name : {"a", "b"})
       t.file(name, "fulls\netext:2,2,5::A\natext:1,1\nendtext:\n");
+    t.file("go", "fulls\nbutton:Go:>to\n");
+    t.file("to", "name:to\nfulls\netext:2,2,5::T::N\n");
     t.command({"sh", "-c", SCRIM_CHECK_BINARY " " + line});
     t.expect_exit(status, output);
   }

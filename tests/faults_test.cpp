@@ -54,6 +54,7 @@ TEST(Faults, KeysFromAFileAndTheirEnd) {
       {{"-f", "bad.scrim"}, "", 2, ""},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(testing::PrintToString(c.line) + " " + testing::PrintToString(c.keys));
     Terminal t;
     t.file("a.scrim", form);
     t.file("bad.scrim", "nonsense\n");
@@ -202,6 +203,7 @@ TEST(Faults, ResultsThatNobodyTakes) {
         {"/bin/sh", "-c", "scrim -A/dev/full -f a.scrim"}}) {
     Terminal t;
     t.file("a.scrim", many);
+    SCOPED_TRACE(line[2]);
     t.command(line);
     t.type(" ");
     t.type("\033");

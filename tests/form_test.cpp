@@ -13,6 +13,7 @@ static const char customer[] =
 
 TEST(Form, GadgetsAreMarkedOnEveryKindOfTerminal) {
   for (const bool cookie : {false, true}) {
+    SCOPED_TRACE(cookie);
     Terminal t({.term = cookie ? "scrim-cookie" : "scrim-plain"});
     t.file("s", customer);
     t.run({"-f", "s"});
@@ -40,6 +41,7 @@ TEST(Form, WindowsCoverWhatTheirKindSays) {
       {"pop:3,3", 11, 37, "0| |0"},
   };
   for (const auto& [window, row, column, text] : cases) {
+    SCOPED_TRACE(window);
     Terminal t({.term = "scrim-plain"});
     t.file("s", window + std::string("\ntitle:T\n"));
     t.command({"sh", "-c", "printf %01840d 0 >&2; exec scrim -f s"});
@@ -59,6 +61,7 @@ TEST(Form, KeysFollowTheNeighbours) {
   t.file("s", "etext:2,2,9\netext:30,2,9\netext:55,2,9\npbutton:60,21:Ok\npbutton:46,21:No\n");
   t.run({"-f", "s"});
   for (const auto& [key, gadget] : walk) {
+    SCOPED_TRACE(testing::PrintToString(key) + " to " + std::to_string(gadget));
     t.type(key);
     t.expect_cursor(places[gadget][0], places[gadget][1] - (gadget > 2));
     for (const auto& [row, column, width] : places)

@@ -21,6 +21,7 @@ TEST(Loading, ErrorsAreShownWhereThereIsATerminalAndSaidWhereThereIsNone) {
   };
   for (const auto& [content, message] : cases) {
     for (const std::string term : {"xterm", "no-such", ""}) {
+      SCOPED_TRACE(testing::PrintToString(content) + " on " + term);
       Terminal t({.term = term, .controlling = !term.empty()});
       t.env("HASH", "#y");
       t.file("s", content);

@@ -34,10 +34,11 @@ TEST(Modes, UsageForMixedModesAndMissingWords) {
   for (const std::string line :
        {"", "-T -r", "-l -e x", "-q", "-l 5 3", "-l a", "-b 1 2 3", "-p 10", "-p x y", "-e", "-t",
         "-t 1,2,3", "-t 10,0,1,4", "-m 1,1", "-m 1 text", "-l -b 1 1", "-m", "-D -p 1 1"}) {
+    SCOPED_TRACE(line);
     Terminal t;
     run_line(t, line);
     t.expect_exit(1, "");
-    EXPECT_EQ(complaint(t), std::string("Usage: scrim") + usage_text) << line;
+    EXPECT_EQ(complaint(t), std::string("Usage: scrim") + usage_text);
   }
 }
 
@@ -71,10 +72,11 @@ TEST(Modes, WhatCannotBeOpenedEndsTheProgramBeforeTheTerminalIsTouched) {
        "exec 3>&-; ulimit -n 4;"},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.line + " on " + c.term);
     Terminal t({.term = c.term, .controlling = c.controlling});
     t.command({"/bin/sh", "-c", c.before + " exec scrim " + c.line});
     t.expect_exit(c.status, "");
-    EXPECT_EQ(complaint(t), c.message + "\n") << c.line;
+    EXPECT_EQ(complaint(t), c.message + "\n");
   }
 }
 
