@@ -89,20 +89,19 @@ TEST(Check, EachListIsAFormOfItsOwn) {
       t.file(name, "fulls\netext:2,2,5::A\natext:1,1\nendtext:\n");
     t.file("go", "fulls\nbutton:Go:>to\n");
     t.file("to", "name:to\nfulls\netext:2,2,5::T::N\n");
-    t.command({"sh", "-c", SCRIM_CHECK_BINARY " " + line});
+    t.shell(SCRIM_CHECK_BINARY " " + line);
     t.expect_exit(status, output);
   }
 }
 
 TEST(Check, ExamplesAreClean) {
   Terminal t;
-  t.directory(SCRIM_SOURCE "/examples");
-  t.command({"sh", "-c", R"(export LOG_FILE=$0 FOUND=$0; cd orders
-$0 ../customer/customer.scrim ../logview/logview.scrim entry.scrim find.scrim found.scrim \
-  change.scrim && cd ../order && $0 who.scrim,goods.scrim,delivery.scrim,help.scrim &&
+  t.env("check", SCRIM_CHECK_BINARY);
+  t.shell("cd " SCRIM_SOURCE R"(/examples/orders; export LOG_FILE=$check FOUND=$check
+$check ../customer/customer.scrim ../logview/logview.scrim entry.scrim find.scrim found.scrim \
+  change.scrim && cd ../order && $check who.scrim,goods.scrim,delivery.scrim,help.scrim &&
   cd ../tour &&
-  $0 fields.scrim,choices.scrim,buttons.scrim,scroll.scrim,screens.scrim,popup.scrim,help.scrim)",
-             SCRIM_CHECK_BINARY});
+  $check fields.scrim,choices.scrim,buttons.scrim,scroll.scrim,screens.scrim,popup.scrim,help.scrim)");
   t.expect_exit(0, "");
 }
 

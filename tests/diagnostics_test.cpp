@@ -20,7 +20,7 @@ TEST(Diagnostics, DumpShowsTheCapabilitiesAndTheLineCharacters) {
                            "T_SGR0 1b 5b 6d \nT_STANDON 1b 5b 37 6d \nT_STANDOFF 1b 5b 6d \n"
                            "T_ULON 1b 5b 34 6d \nT_ULOFF 1b 5b 32 34 6d \n");
   Terminal xterm;
-  xterm.command({"sh", "-c", "scrim -D; echo q >/dev/tty"});
+  xterm.shell("scrim -D; echo q >/dev/tty");
   xterm.expect_row(0, "┌┐└┘─│q");
   EXPECT_TRUE(xterm.expect_end(0).starts_with("Graphics capable  1b 28 30 \n\n" + keys));
 }

@@ -16,7 +16,7 @@ const char form[] = "fulls:clear\netext:10,3,20:${V}:A:CHAR\nbutton:_OK:ok\n";
 int64_t time_to_end(const std::string& line) {
   Terminal t;
   t.file("a.scrim", form);
-  t.command({"/bin/sh", "-c", line});
+  t.shell(line);
   EXPECT_FALSE(t.emulator.ended()) << line;
   const int64_t start = milliseconds();
   t.emulator.hang_up();
@@ -38,30 +38,25 @@ TEST(Faults, ALostTerminalEndsTheProgramAtOnce) {
 }
 
 TEST(Faults, KeysFromAFileAndTheirEnd) {
-  struct {
-    std::vector<std::string> line;
-    const char* keys;
-    int status;
-    const char* output;
-  } const cases[] = {
-      {{"-f", "a.scrim"}, "Ann\n", 0, "A=\"Ann\";export A;RETN=default\n"},
-      {{"-f", "a.scrim"}, "Ann\033OB\r", 0, "A=\"Ann\";export A;RETN=ok\n"},
-      {{"-f", "a.scrim"}, "Ann", 4, ""},
-      {{"-f", "a.scrim"}, "", 4, ""},
-      {{"-l", "5", "3", "a", "b"}, "\033OB", 4, ""},
-      {{"-e", "message"}, "", 0, ""},
-      {{"-f", "a.scrim"}, nullptr, 4, ""},  // a directory, which cannot be read
-      {{"-f", "bad.scrim"}, "", 2, ""},
+  // What is run, its keys, exit status and output.
+  const std::tuple<std::string, std::string, int, const char*> cases[] = {
+      {"-f a.scrim <keys", "Ann\n", 0, "A=\"Ann\";export A;RETN=default\n"},
+      {"-f a.scrim <keys", "Ann\033OB\r", 0, "A=\"Ann\";export A;RETN=ok\n"},
+      {"-f a.scrim <keys", "Ann", 4, ""},
+      {"-f a.scrim <keys", "", 4, ""},
+      {"-f a.scrim <.", "", 4, ""},  // a directory cannot be read
+      {"-l 5 3 a b <keys", "\033OB", 4, ""},
+      {"-e message <keys", "", 0, ""},
+      {"-f bad.scrim <keys", "", 2, ""},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::PrintToString(c.line) + " " + testing::PrintToString(c.keys));
+  for (const auto& [line, keys, status, output] : cases) {
+    SCOPED_TRACE(line + " " + testing::PrintToString(keys));
     Terminal t;
     t.file("a.scrim", form);
     t.file("bad.scrim", "nonsense\n");
-    t.file("keys", c.keys ? c.keys : "");
-    t.input_from(c.keys ? "keys" : ".");
-    t.run(c.line);
-    t.expect_exit(c.status, c.output);
+    t.file("keys", keys);
+    t.shell("exec scrim " + line);
+    t.expect_exit(status, output);
   }
 }
 
@@ -171,7 +166,7 @@ TEST(Faults, MissingMemoryEndsWithItsMessage) {
       Terminal t;
       t.file("s", content);
       t.file("data", std::string(8'000'000, '.'));
-      t.command({"sh", "-c", "ulimit -v " + std::to_string(limit) + "; exec scrim -f s"});
+      t.shell("ulimit -v " + std::to_string(limit) + "; exec scrim -f s");
       t.expect_shown(message);
       t.expect_text(10, 10, "┌──");  // in the pop-up
       t.type("x");
@@ -185,9 +180,9 @@ TEST(Faults, AFileThatIsWrittenToDoesNotHoldUpTheForm) {
   Terminal t;
   t.file("log", std::string(3'000'000, '\n'));
   t.file("s", "fulls:clear\nswin:1,1,20,6:log:V\n");
-  t.command({"sh", "-c",
-             "dd if=/dev/zero bs=1M count=400 2>/dev/null | tr '\\0' '\\n' >>log & "
-             "exec scrim -f s"});
+  t.shell(
+      "dd if=/dev/zero bs=1M count=400 2>/dev/null | tr '\\0' '\\n' >>log & "
+      "exec scrim -f s");
   t.expect_text(1, 1, "┌──────────────────┐");
   t.type("\033");
   t.expect_exit(0, "RETN=cancel\n");
@@ -197,14 +192,12 @@ TEST(Faults, AFileThatIsWrittenToDoesNotHoldUpTheForm) {
 TEST(Faults, ResultsThatNobodyTakes) {
   std::string many = "fulls:clear\n";
   for (int i = 0; i < 2000; i++) many += "xcheckbox:5,5:_:V" + std::to_string(i) + "\n";
-  for (const std::vector<std::string>& line :
-       {std::vector<std::string>{"/bin/sh", "-c", "scrim -f a.scrim | true"},
-        {"/bin/sh", "-c", "scrim -f a.scrim >/dev/full"},
-        {"/bin/sh", "-c", "scrim -A/dev/full -f a.scrim"}}) {
+  for (const char* line :
+       {"-f a.scrim | true", "-f a.scrim >/dev/full", "-A/dev/full -f a.scrim"}) {
+    SCOPED_TRACE(line);
     Terminal t;
     t.file("a.scrim", many);
-    SCOPED_TRACE(line[2]);
-    t.command(line);
+    t.shell("scrim " + std::string(line));
     t.type(" ");
     t.type("\033");
     t.expect_end(0);

@@ -44,7 +44,7 @@ TEST(Form, WindowsCoverWhatTheirKindSays) {
     SCOPED_TRACE(window);
     Terminal t({.term = "scrim-plain"});
     t.file("s", window + std::string("\ntitle:T\n"));
-    t.command({"sh", "-c", "printf %01840d 0 >&2; exec scrim -f s"});
+    t.shell("printf %01840d 0 >&2; exec scrim -f s");
     t.expect_text(row, column, text);
     t.expect_exit(0, "");  // without gadgets there is nothing to wait for
   }

@@ -25,8 +25,8 @@ TEST(Loading, ErrorsAreShownWhereThereIsATerminalAndSaidWhereThereIsNone) {
       Terminal t({.term = term, .controlling = !term.empty()});
       t.env("HASH", "#y");
       t.file("s", content);
-      if (message == too_long) t.input("");  // its end counts as the key that is waited for
-      t.run({"-f", "s"});
+      // The end of input counts as the key that is waited for.
+      t.shell(message == too_long ? "exec scrim -f s </dev/null" : "exec scrim -f s");
       t.expect_shown(message);
       EXPECT_EQ(t.raw() == message + "\r\n", term != "xterm") << t.raw();
       t.type("x");
@@ -40,8 +40,8 @@ TEST(Loading, StandardInputRefersToTheEnvironmentAndToTheDefaultsReadBefore) {
   t.env("NAME", "Smith ${0} \\d");
   t.file("first", "zero\none two");
   t.file("later", "three\n");
-  t.input("text:\n${NAME} $NAME\nK\\dse \\\\\nendtext:\ndetext:4,8,20:${1}-${2}:${0}:CHAR:");
-  t.run({"-Aout", "-Ifirst", "-f", "stdin", "-Ilater"});
+  t.file("form", "text:\n${NAME} $NAME\nK\\dse \\\\\nendtext:\ndetext:4,8,20:${1}-${2}:${0}:CHAR:");
+  t.shell("exec scrim -Aout -Ifirst -f stdin -Ilater <form");
   t.expect_screen(2, "\n    Smith ${0} \\d $NAME\n    K\xe4se \\\n");
   t.type("!\n");  // the keys still come from the terminal
   t.expect_exit(0, "RETN=default\n");

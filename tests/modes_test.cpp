@@ -26,17 +26,13 @@ std::string complaint(Terminal& t) {
   return text;
 }
 
-void run_line(Terminal& t, const std::string& line) {
-  t.command({"/bin/sh", "-c", "exec scrim " + line});
-}
-
 TEST(Modes, UsageForMixedModesAndMissingWords) {
   for (const std::string line :
        {"", "-T -r", "-l -e x", "-q", "-l 5 3", "-l a", "-b 1 2 3", "-p 10", "-p x y", "-e", "-t",
         "-t 1,2,3", "-t 10,0,1,4", "-m 1,1", "-m 1 text", "-l -b 1 1", "-m", "-D -p 1 1"}) {
     SCOPED_TRACE(line);
     Terminal t;
-    run_line(t, line);
+    t.shell("exec scrim " + line);
     t.expect_exit(1, "");
     EXPECT_EQ(complaint(t), std::string("Usage: scrim") + usage_text);
   }
@@ -74,7 +70,7 @@ TEST(Modes, WhatCannotBeOpenedEndsTheProgramBeforeTheTerminalIsTouched) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.line + " on " + c.term);
     Terminal t({.term = c.term, .controlling = c.controlling});
-    t.command({"/bin/sh", "-c", c.before + " exec scrim " + c.line});
+    t.shell(c.before + " exec scrim " + c.line);
     t.expect_exit(c.status, "");
     EXPECT_EQ(complaint(t), c.message + "\n");
   }
@@ -109,7 +105,7 @@ TEST(Modes, FramesAndTextsAreDrawnWhereAsked) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.term + (" " + c.line));
     Terminal t({.term = c.term});
-    run_line(t, c.line);
+    t.shell("exec scrim " + c.line);
     t.expect_screen(c.row, c.picture);
     t.expect_cursor(c.cursor_row, c.cursor_column);
     t.expect_exit(0, "");
@@ -127,7 +123,7 @@ TEST(Modes, ProgressBarIsFilledInProportion) {
   for (const auto& [words, cells, standout_off] : cases) {
     SCOPED_TRACE(words);
     Terminal t({.term = "scrim-plain"});
-    run_line(t, "-t " + words);
+    t.shell("exec scrim -t " + words);
     t.expect_row(11, "                    0       25        50        75       100");
     t.expect_reverse(10, 20, cells);
     t.expect_exit(0, "");
@@ -175,7 +171,7 @@ TEST(Modes, FramesAndBarsAreCutAtTheUpperAndLeftEdge) {
   for (const auto& [line, picture, filled] : cases) {
     SCOPED_TRACE(line);
     Terminal t({.columns = 132, .term = "scrim-plain"});
-    run_line(t, line);
+    t.shell("exec scrim " + line);
     t.expect_screen(0, picture);
     t.expect_reverse(1, 0, filled);
     t.expect_exit(0, "");

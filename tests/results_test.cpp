@@ -34,7 +34,7 @@ TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
     t.file("s", form);
     for (const char* name : {"add", "where", "update"}) t.file(name, "old");
     SCOPED_TRACE(options);
-    t.command({"sh", "-c", "exec scrim -f s " + options});
+    t.shell("exec scrim -f s " + options);
     t.type(keys);
     t.expect_exit(0, output);
     EXPECT_EQ(t.read("add") + "|" + t.read("where") + "|" + t.read("update"), files);
@@ -44,7 +44,7 @@ TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
 TEST(Results, StandOnATerminalThatIsTheUsersAgain) {
   Terminal t;
   t.file("s", "etext:2,2,9::A\n");
-  t.command({"sh", "-c", "exec scrim -f s >/dev/tty"});
+  t.shell("exec scrim -f s >/dev/tty");
   t.type("x\n");
   t.expect_exit(0, "");
   EXPECT_TRUE(t.raw().ends_with("\033>A=\"x\";export A;RETN=default\r\n"));

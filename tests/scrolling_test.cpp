@@ -68,9 +68,8 @@ TEST(Scrolling, DataEndAtTheFirstNulAndMayComeFromAPipe) {
     t.file("data", std::string_view("a line that is too long\n\n\tx\nlast\0no\nno\n", 39));
     t.file("dos", "a\rb\r\n\r\n");
     t.file("f", "swin:1,0,12,6:" + c.file + ":V\n");
-    t.command({"sh", "-c",
-               "mkfifo pipe; [ $0 = pipe ] && yes sent | head -n 60000 >$0 & exec scrim -f f",
-               c.file});
+    t.shell("mkfifo pipe; [ " + c.file +
+            " = pipe ] && yes sent | head -n 60000 >pipe & exec scrim -f f");
     t.expect_row(0, " ┌──────────┐");
     t.expect_text(1, 3, c.first + " ");
     t.expect_text(3, 3, c.third + " ");

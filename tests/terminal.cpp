@@ -12,9 +12,7 @@
 #include <iterator>
 #include <sstream>
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace scrim {
 
@@ -28,20 +26,11 @@ std::string without_trailing_blanks(std::string_view text) {
   return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
-// The rows of a raw-string picture without what indents it in the source.
 std::vector<std::string> rows_of(std::string_view picture) {
-  if (!picture.empty() && picture.front() == '\n') picture.remove_prefix(1);
+  if (picture.starts_with('\n')) picture.remove_prefix(1);
   std::istringstream lines{std::string(picture)};
   std::vector<std::string> rows;
-  size_t margin = std::string::npos;
-  for (std::string line; std::getline(lines, line); rows.push_back(line)) {
-    bool closing = lines.eof() && line.find_first_not_of(' ') == std::string::npos;
-    margin = std::min(margin, closing ? line.size() : line.find_first_not_of(' '));
-    if (closing) break;
-  }
-  if (picture.ends_with('\n')) margin = 0;
-  for (std::string& row : rows)
-    row = row.size() < margin ? "" : without_trailing_blanks(row.substr(margin));
+  for (std::string line; std::getline(lines, line);) rows.push_back(without_trailing_blanks(line));
   return rows;
 }
 
@@ -61,7 +50,7 @@ Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
   std::string name = std::filesystem::temp_directory_path() / "scrim-test-XXXXXX";
   if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary directory " << name;
   directory_ = name;
-  if (emulator.setup.directory.empty()) directory(name);
+  emulator.setup.directory = name;
   const char* path = getenv("PATH");
   std::string own = std::filesystem::path(SCRIM_BINARY).parent_path();
   env("PATH", own + ":" + (path == nullptr ? "/usr/bin:/bin" : path));
@@ -69,7 +58,6 @@ Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
 }
 
 Terminal::~Terminal() {
-  if (emulator.setup.input >= 0) close(emulator.setup.input);
   std::error_code ignored;
   std::filesystem::remove_all(directory_, ignored);
 }
@@ -82,20 +70,6 @@ void Terminal::file(const std::string& name, std::string_view content) {
   std::ofstream(path(name), std::ios::binary) << content;
 }
 
-void Terminal::input(std::string_view bytes) {
-  int ends[2];
-  ASSERT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
-  EXPECT_EQ(write(ends[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-  close(ends[1]);
-  fcntl(ends[0], F_SETFL, 0);
-  emulator.setup.input = ends[0];
-}
-
-void Terminal::input_from(const std::string& name) {
-  emulator.setup.input = open(path(name).c_str(), O_RDONLY | O_CLOEXEC);
-  EXPECT_GE(emulator.setup.input, 0) << name;
-}
-
 void Terminal::run(const std::vector<std::string>& arguments, test_line where) {
   std::vector<std::string> all = {SCRIM_BINARY};
   all.insert(all.end(), arguments.begin(), arguments.end());
@@ -105,6 +79,10 @@ void Terminal::run(const std::vector<std::string>& arguments, test_line where) {
 void Terminal::command(const std::vector<std::string>& arguments, test_line where) {
   if (!emulator.start(arguments)) ADD_FAILURE_AT(where.file, where.line) << "no process";
   emulator.await_key(quiet, patience);
+}
+
+void Terminal::shell(const std::string& line, test_line where) {
+  command({"/bin/sh", "-c", line}, where);
 }
 
 void Terminal::type(std::string_view bytes) {

@@ -1,6 +1,6 @@
 // tests/terminal: one session of a program in a terminal of its own, as a test reads it.
-// Rows and columns count from 0. Every expect_ waits until it holds; after two seconds it fails and
-// shows what was expected and what is there.
+// Rows and columns count from 0. Every expect_ waits until it holds; after two seconds (less in a
+// test that has failed already) it fails and shows what was expected and what is there.
 
 #ifndef SCRIM_TESTS_TERMINAL_H_
 #define SCRIM_TESTS_TERMINAL_H_
@@ -31,28 +31,24 @@ struct test_line {
 
 class Terminal {
  public:
-  // Terminal t({.term = "vt100", .rows = 24}); makes a directory of its own, the program's working
-  // directory unless directory() says otherwise.
+  // Terminal t({.term = "vt100", .rows = 24}); makes a working directory of its own.
   explicit Terminal(const emulator_setup& setup = {});
   ~Terminal();
 
   // Before the start.
   void env(const std::string& name, const std::string& value);
   void file(const std::string& name, std::string_view content);  // into the own directory
-  void directory(const std::string& path) { emulator.setup.directory = path; }
-  void input(std::string_view bytes);        // standard input: a pipe with these bytes (64 KiB)
-  void input_from(const std::string& name);  // standard input: a file, seen from the own directory
 
-  // Start scrim or any command (scrim is found first on its PATH), and wait until it has ended or
-  // waits for a key. Once for each Terminal.
+  // Start scrim, any command or a shell's line (scrim is found first on their PATH), and wait until
+  // it has ended or waits for a key. Once for each Terminal.
   void run(const std::vector<std::string>& arguments, test_line where = test_line::here());
   void command(const std::vector<std::string>& arguments, test_line where = test_line::here());
+  void shell(const std::string& line, test_line where = test_line::here());
 
   // Types the bytes together and waits until the program has dealt with them.
   void type(std::string_view bytes);
 
-  // Trailing blanks never count. A picture is a raw string: its column 0 is that of its closing
-  // quote (or of the line that starts further left), its first line break does not count.
+  // Trailing blanks never count, nor does a picture's first line break.
   void expect_row(int row, std::string_view text, test_line where = test_line::here());
   void expect_screen(int row, std::string_view picture, test_line where = test_line::here());
   void expect_text(int row, int column, std::string_view text, test_line where = test_line::here());

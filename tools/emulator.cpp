@@ -72,7 +72,7 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
   setpgid(0, 0);
   if (setup.controlling) tcsetpgrp(slave, getpid());
   for (int number : terminal_signals) signal(number, SIG_DFL);
-  dup2(setup.input < 0 ? slave : setup.input, STDIN_FILENO);
+  dup2(slave, STDIN_FILENO);
   dup2(output, STDOUT_FILENO);
   dup2(slave, STDERR_FILENO);
   if (!setup.directory.empty() && chdir(setup.directory.c_str()) != 0) _exit(127);

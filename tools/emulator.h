@@ -24,7 +24,6 @@ struct emulator_setup {
   bool utf8 = false;           // bytes from 0x80 up are UTF-8; else each byte is a cell of its own
   bool controlling = true;     // false: a session without a terminal, "/dev/tty" cannot be opened
   bool nonblocking = false;    // the pseudo-terminal is handed over in non-blocking mode
-  int input = -1;              // descriptor for standard input; -1: the pseudo-terminal
   int output = -1;             // descriptor for standard output; -1: collected, see output()
   std::string directory = {};  // working directory; empty: the caller's
   std::vector<std::string> environment = {};  // "NAME=value", over the inherited ones
