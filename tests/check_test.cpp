@@ -8,11 +8,10 @@
 #include <gtest/gtest.h>
 
 namespace scrim {
-namespace {
 
 // Forms of the files a and b, a "--" between them: their lines, one of 510 characters as LONG, and
 // behind a "#" what is said of one.
-const char* const forms[] = {
+static const char* const forms[] = {
     R"(frame:1 # Invalid Command: frame:1 | LONG # Line too long: LONG | fulls
 swin:1,1,9,5:/none # Can't open '/none' | swpos:9,1 # the cursor's row 8 is not in the scroll window
 swpos:1,0 | poplist:1,9:a:P:b # Not enough parameters for popup list | swhigh:3x # LINE missing, or not numbers
@@ -105,5 +104,4 @@ $check ../customer/customer.scrim ../logview/logview.scrim entry.scrim find.scri
   t.expect_exit(0, "");
 }
 
-}  // namespace
 }  // namespace scrim

@@ -33,8 +33,7 @@ TEST(Editing, KeysChangeTheValueAndTheView) {
   for (const auto& [field, keys, shown, cursor, value] : cases) {
     SCOPED_TRACE(testing::PrintToString(std::pair(field, keys)));
     Terminal t({.term = "vt100"});
-    t.file("s", std::string("etext:2,1,") + field);
-    t.run({"-f", "s"});
+    t.form(std::string("etext:2,1,") + field);
     t.type(keys);
     t.expect_text(1, 1, shown);
     t.expect_cursor(1, cursor);

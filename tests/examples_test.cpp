@@ -7,9 +7,8 @@
 #include <gtest/gtest.h>
 
 namespace scrim {
-namespace {
 
-std::string example(const std::string& name) { return SCRIM_SOURCE "/examples/" + name; }
+static std::string example(const std::string& name) { return SCRIM_SOURCE "/examples/" + name; }
 
 // The missing name is on the first page, the button that asks for it on the last one.
 TEST(Examples, OrderIsCheckedOverAllPages) {
@@ -70,5 +69,4 @@ TEST(Examples, OneShotModesTogether) {
   t.expect_exit(0, "");
 }
 
-}  // namespace
 }  // namespace scrim

@@ -8,12 +8,11 @@
 #include <gtest/gtest.h>
 
 namespace scrim {
-namespace {
 
-const char form[] = "fulls:clear\netext:10,3,20:${V}:A:CHAR\nbutton:_OK:ok\n";
+static const char form[] = "fulls:clear\netext:10,3,20:${V}:A:CHAR\nbutton:_OK:ok\n";
 
 // How long a program that waits for a key lives on without its terminal, in ms.
-int64_t time_to_end(const std::string& line) {
+static int64_t time_to_end(const std::string& line) {
   Terminal t;
   t.file("a.scrim", form);
   t.shell(line);
@@ -60,18 +59,23 @@ TEST(Faults, KeysFromAFileAndTheirEnd) {
   }
 }
 
-TEST(Faults, NonBlockingTerminal) {
-  Terminal t({.nonblocking = true});
-  t.file("a.scrim", form);
-  t.run({"-f", "a.scrim"});
-  t.emulator.pump(300);  // longer than the bytes of a key are waited for
-  t.type("A");
-  t.expect_text(3, 9, "[A ");
-  t.type("n" + std::string(kLeft) + "n\033");
-  t.expect_exit(0, "A=\"Ann\";export A;RETN=cancel\n");
+TEST(Faults, OddTerminals) {
+  for (const emulator_setup& setup : {emulator_setup{.rows = 5, .columns = 10},
+                                      {.rows = 200, .columns = 500},
+                                      {.nonblocking = true}}) {
+    SCOPED_TRACE(setup.rows);
+    Terminal t(setup);
+    t.form(form);
+    t.emulator.pump(300);  // longer than the bytes of a key are waited for
+    t.type("A");
+    t.expect_shown("A");
+    t.type("n" + std::string(kLeft) + "n\033");
+    t.expect_cursor(setup.rows - 1, 0);
+    t.expect_exit(0, "A=\"Ann\";export A;RETN=cancel\n");
+  }
 }
 
-// Such a terminal takes only a part of what is written while it is busy.
+// A non-blocking terminal takes only a part of what is written while it is busy.
 TEST(Faults, NothingOfALongTextIsLost) {
   std::string text;
   for (int i = 0; i < 20'000; i++) text += std::to_string(10'000 + i) + " ";
@@ -81,22 +85,10 @@ TEST(Faults, NothingOfALongTextIsLost) {
   EXPECT_NE(t.raw().find(text), std::string::npos);
 }
 
-TEST(Faults, OddWindows) {
-  for (const auto& [rows, columns] : {std::pair{5, 10}, std::pair{200, 500}}) {
-    Terminal t({.rows = rows, .columns = columns});
-    t.file("a.scrim", form);
-    t.run({"-f", "a.scrim"});
-    t.type("x\n");
-    t.expect_cursor(rows - 1, 0);
-    t.expect_exit(0, "A=\"x\";export A;RETN=default\n");
-  }
-}
-
 // Loads, leaves with Escape or its pop-up's key, and has shown this.
-void load(const std::string& content, int status, const std::string& shown) {
+static void load(const std::string& content, int status, const std::string& shown) {
   Terminal t;
-  t.file("a.scrim", content);
-  t.run({"-f", "a.scrim"});
+  t.form(content);
   if (!t.emulator.ended()) t.type("\033");
   t.expect_exit(status, status == 0 && !content.empty() ? "RETN=cancel\n" : "");
   EXPECT_NE(t.raw().find(shown), std::string::npos) << content.substr(0, 100);
@@ -134,8 +126,7 @@ TEST(Faults, ValuesCannotDriveTheTerminal) {
                                    std::string("two\nlines"), std::string(100'000, 'v')}) {
     Terminal t;
     t.env("V", value);
-    t.file("a.scrim", std::string("title:${V}\n") + form + "text:\n ${V}\nendtext:\n");
-    t.run({"-f", "a.scrim"});
+    t.form(std::string("title:${V}\n") + form + "text:\n ${V}\nendtext:\n");
     t.type("!");
     EXPECT_EQ(t.raw().find("\033[13z"), std::string::npos);
     EXPECT_EQ(t.raw().find("\033]0"), std::string::npos);
@@ -204,5 +195,4 @@ TEST(Faults, ResultsThatNobodyTakes) {
   }
 }
 
-}  // namespace
 }  // namespace scrim

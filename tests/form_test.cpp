@@ -15,8 +15,7 @@ TEST(Form, GadgetsAreMarkedOnEveryKindOfTerminal) {
   for (const bool cookie : {false, true}) {
     SCOPED_TRACE(cookie);
     Terminal t({.term = cookie ? "scrim-cookie" : "scrim-plain"});
-    t.file("s", customer);
-    t.run({"-f", "s"});
+    t.form(customer);
     t.type("\t123\x15\x15");
     t.expect_screen(2, R"(
     Name [Johnso]
@@ -58,8 +57,7 @@ TEST(Form, KeysFollowTheNeighbours) {
       {"\x04", 4}, {"\x0c", 2}, {"\r", 1},   {"\r", 0},  {"\r", 4},   {kBackspace, 2}};
   const int places[][3] = {{2, 2, 9}, {2, 30, 9}, {2, 55, 9}, {21, 60, 4}, {21, 46, 4}};
   Terminal t;
-  t.file("s", "etext:2,2,9\netext:30,2,9\netext:55,2,9\npbutton:60,21:Ok\npbutton:46,21:No\n");
-  t.run({"-f", "s"});
+  t.form("etext:2,2,9\netext:30,2,9\netext:55,2,9\npbutton:60,21:Ok\npbutton:46,21:No\n");
   for (const auto& [key, gadget] : walk) {
     SCOPED_TRACE(testing::PrintToString(key) + " to " + std::to_string(gadget));
     t.type(key);

@@ -54,8 +54,7 @@ TEST(Keys, NothingTypedIsLostWhenNoKeyMatches) {
   for (const auto& [typed, later, value] : cases) {
     SCOPED_TRACE(value);
     Terminal t({.term = "scrim-keys", .nonblocking = value[0] == '['});
-    t.file("s", "etext:2,2,40::V:CHAR:N\nbdefault:ok:Y\n");
-    t.run({"-f", "s"});
+    t.form("etext:2,2,40::V:CHAR:N\nbdefault:ok:Y\n");
     for (const char* bytes : {"\n", typed, later, "\n"}) t.type(bytes);
     t.expect_exit(0, std::string("V=\"") + value + "\";export V;RETN=ok\n");
   }

@@ -60,8 +60,7 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
   for (const auto& [window, row, key, picture] : cases) {
     SCOPED_TRACE(window + (" " + key));
     Terminal t;
-    t.file("form", window + std::string("\npoplist:2,1::P:aa:Bb:Cc:Dd:Ee\n"));
-    t.run({"-f", "form"});
+    t.form(window + std::string("\npoplist:2,1::P:aa:Bb:Cc:Dd:Ee\n"));
     t.type(kF3 + key);
     const std::string margin(34, ' ');
     std::string wanted = picture;
@@ -75,8 +74,7 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
 // An opening list blanks the first cell of the gadget that was highlighted, not of the one clicked.
 TEST(Lists, AClickOpensTheListOfAnotherField) {
   Terminal t;
-  t.file("form", "fulls:clear\ndetext:5,1,4:abcd:E\npoplist:5,4:Red:P:Red:Green\n");
-  t.run({"-f", "form"});
+  t.form("fulls:clear\ndetext:5,1,4:abcd:E\npoplist:5,4:Red:P:Red:Green\n");
   t.type("\033>2;6;4X\033>3;6;4X");
   t.expect_text(1, 4, "[ bcd]");
   t.expect_text(4, 4, "[┌─────┐");
@@ -107,8 +105,7 @@ TEST(Lists, OpenWithTheChosenEntryInView) {
     const std::string value = std::to_string(chosen);
     std::string form = "fulls:clear\npoplist:5," + std::to_string(row) + ":" + value + ":P";
     for (int i = 10; i < 10 + count; i++) form += ":" + std::to_string(i);
-    t.file("form", form);
-    t.run({"-f", "form"});
+    t.form(form);
     t.type(kRight);
     const int rows = std::min(count, 21);
     t.expect_text(top, 5, "┌──");
@@ -131,8 +128,7 @@ TEST(Lists, FieldsTakeLettersOrOpenTheirListAboveTheWindowsEnd) {
     for (const std::string& keys : all) {
       SCOPED_TRACE(testing::PrintToString(keys));
       Terminal t;
-      t.file("form", "pop:40,10\npoplist:5,8::P:Red:Green:Blue:Black\netext:5,1,4::E\n");
-      t.run({"-f", "form"});
+      t.form("pop:40,10\npoplist:5,8::P:Red:Green:Blue:Black\netext:5,1,4::E\n");
       t.type(keys + "\n");
       t.expect_exit(0, "P=\"" + value + "\";export P;RETN=default\n");
     }

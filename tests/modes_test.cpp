@@ -5,9 +5,8 @@
 #include <gtest/gtest.h>
 
 namespace scrim {
-namespace {
 
-const char usage_text[] =
+static const char usage_text[] =
     " [-lbtepmf]\n"
     "  Version 2.4 \n"
     "  -l x y list   - do a piclist at x,y\n"
@@ -20,7 +19,7 @@ const char usage_text[] =
     "  -f screenfile - process a screenfile\n";
 
 // What a run that never touches the terminal writes to it, without the line discipline's returns.
-std::string complaint(Terminal& t) {
+static std::string complaint(Terminal& t) {
   std::string text = t.raw();
   std::erase(text, '\r');
   return text;
@@ -194,5 +193,4 @@ TEST(Modes, ErrorPopUpWaitsForOneKey) {
   EXPECT_NE(t.raw().find("\033[?1l\033>"), std::string::npos);
 }
 
-}  // namespace
 }  // namespace scrim

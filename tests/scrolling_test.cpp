@@ -37,8 +37,7 @@ TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
     SCOPED_TRACE(testing::PrintToString(std::tuple(c.before, c.after, c.keys)));
     Terminal t;
     t.file("data", "1\n2\n3\n4\n5\n6\n7\n8\n9\nlast");
-    t.file("form", c.before + "fulls:clear\nswin:2,1,20,6:data:V\n" + c.after + "\n");
-    t.run({"-f", "form"});
+    t.form(c.before + "fulls:clear\nswin:2,1,20,6:data:V\n" + c.after + "\n");
     t.type(c.keys);
     t.expect_cursor(1 + c.cursor, 3);
     for (int row = 1, line = c.first; row <= 4; row++, line++) {

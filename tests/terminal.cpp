@@ -16,17 +16,15 @@
 
 namespace scrim {
 
-namespace {
+static constexpr int patience = 2000;  // ms for an expectation to come true
+static constexpr int hurry = 200;      // the same in a test that has failed already
+static constexpr int quiet = 20;       // ms without output that make a pause
 
-constexpr int patience = 2000;  // ms for an expectation to come true
-constexpr int hurry = 200;      // the same in a test that has failed already
-constexpr int quiet = 20;       // ms without output that make a pause
-
-std::string without_trailing_blanks(std::string_view text) {
+static std::string without_trailing_blanks(std::string_view text) {
   return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
-std::vector<std::string> rows_of(std::string_view picture) {
+static std::vector<std::string> rows_of(std::string_view picture) {
   if (picture.starts_with('\n')) picture.remove_prefix(1);
   std::istringstream lines{std::string(picture)};
   std::vector<std::string> rows;
@@ -34,36 +32,30 @@ std::vector<std::string> rows_of(std::string_view picture) {
   return rows;
 }
 
-std::string joined(const std::vector<std::string>& rows) {
+static std::string joined(const std::vector<std::string>& rows) {
   std::string text;
   for (const std::string& row : rows) text += row + "\n";
   return text;
 }
 
-std::string place(int row, int column) {
+static std::string place(int row, int column) {
   return "row " + std::to_string(row) + ", column " + std::to_string(column);
 }
 
-}  // namespace
-
 Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
   std::string name = std::filesystem::temp_directory_path() / "scrim-test-XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary directory " << name;
+  if (!mkdtemp(name.data())) ADD_FAILURE() << "no temporary directory " << name;
   directory_ = name;
   emulator.setup.directory = name;
   const char* path = getenv("PATH");
   std::string own = std::filesystem::path(SCRIM_BINARY).parent_path();
-  env("PATH", own + ":" + (path == nullptr ? "/usr/bin:/bin" : path));
+  env("PATH", own + ":" + (path ? path : "/usr/bin:/bin"));
   env("TERMINFO_DIRS", SCRIM_TERMINFO ":");
 }
 
 Terminal::~Terminal() {
   std::error_code ignored;
   std::filesystem::remove_all(directory_, ignored);
-}
-
-void Terminal::env(const std::string& name, const std::string& value) {
-  emulator.setup.environment.push_back(name + "=" + value);
 }
 
 void Terminal::file(const std::string& name, std::string_view content) {
@@ -83,6 +75,11 @@ void Terminal::command(const std::vector<std::string>& arguments, test_line wher
 
 void Terminal::shell(const std::string& line, test_line where) {
   command({"/bin/sh", "-c", line}, where);
+}
+
+void Terminal::form(std::string_view content, test_line where) {
+  file("form", content);
+  run({"-f", "form"}, where);
 }
 
 void Terminal::type(std::string_view bytes) {
@@ -142,8 +139,8 @@ void Terminal::expect_run(const char* what, bool screen_cell::*attribute, int ro
   };
   auto found = [&] {
     int start = column, end = column;
-    while (emulator.cell(row, end).*attribute) ++end;
-    while (end > column && emulator.cell(row, start - 1).*attribute) --start;
+    while (emulator.cell(row, end).*attribute) end++;
+    while (end > column && emulator.cell(row, start - 1).*attribute) start--;
     return described(start, end - start);
   };
   expect(described(column, width), found, where);

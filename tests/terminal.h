@@ -2,8 +2,7 @@
 // Rows and columns count from 0. Every expect_ waits until it holds; after two seconds (less in a
 // test that has failed already) it fails and shows what was expected and what is there.
 
-#ifndef SCRIM_TESTS_TERMINAL_H_
-#define SCRIM_TESTS_TERMINAL_H_
+#pragma once
 
 #include "tools/emulator.h"
 
@@ -36,14 +35,17 @@ class Terminal {
   ~Terminal();
 
   // Before the start.
-  void env(const std::string& name, const std::string& value);
+  void env(const std::string& name, const std::string& value) {
+    emulator.setup.environment.push_back(name + "=" + value);
+  }
   void file(const std::string& name, std::string_view content);  // into the own directory
 
-  // Start scrim, any command or a shell's line (scrim is found first on their PATH), and wait until
-  // it has ended or waits for a key. Once for each Terminal.
+  // Start scrim, any command, a shell's line (scrim is found first on their PATH) or a form, and
+  // wait until it has ended or waits for a key. Once for each Terminal.
   void run(const std::vector<std::string>& arguments, test_line where = test_line::here());
   void command(const std::vector<std::string>& arguments, test_line where = test_line::here());
   void shell(const std::string& line, test_line where = test_line::here());
+  void form(std::string_view content, test_line where = test_line::here());  // scrim, with one file
 
   // Types the bytes together and waits until the program has dealt with them.
   void type(std::string_view bytes);
@@ -82,5 +84,3 @@ class Terminal {
 };
 
 }  // namespace scrim
-
-#endif  // SCRIM_TESTS_TERMINAL_H_
