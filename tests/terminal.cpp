@@ -1,5 +1,6 @@
 // tests/terminal: the expectations are conditions on the emulator's screen, polled.
-// SCRIM_BINARY names the program, SCRIM_TERMINFO the directory of the tests' own terminals.
+// SCRIM_BINARY names the program, SCRIM_TERMINFO the directory of the tests' own terminals,
+// SCRIM_PATIENCE a time.
 
 #include "tests/terminal.h"
 
@@ -16,9 +17,9 @@
 
 namespace scrim {
 
-static constexpr int patience = 2000;  // ms for an expectation to come true
-static constexpr int hurry = 200;      // the same in a test that has failed already
-static constexpr int quiet = 20;       // ms without output that make a pause
+static constexpr int patience = SCRIM_PATIENCE;  // ms for an expectation to come true
+static constexpr int hurry = 200;                // the same in a test that has failed already
+static constexpr int quiet = 20;                 // ms without output that make a pause
 
 static std::string without_trailing_blanks(std::string_view text) {
   return std::string(text.substr(0, text.find_last_not_of(' ') + 1));

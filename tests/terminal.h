@@ -1,6 +1,7 @@
 // tests/terminal: one session of a program in a terminal of its own, as a test reads it.
-// Rows and columns count from 0. Every expect_ waits until it holds; after two seconds (less in a
-// test that has failed already) it fails and shows what was expected and what is there.
+// Rows and columns count from 0. Every expect_ waits until it holds; after five seconds (more under
+// sanitizers, less in a test that has failed already) it fails and shows what was expected and what
+// is there.
 
 #pragma once
 
