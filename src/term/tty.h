@@ -7,7 +7,7 @@
 
 #include <sys/ioctl.h>
 
-#ifndef SCRIM_HAS_TERMIO
+#ifdef SCRIM_LACKS_TERMIO
 // The kernel's System V settings record, where the C library has only the requests for it.
 struct termio {
   unsigned short c_iflag, c_oflag, c_cflag, c_lflag;
