@@ -1,6 +1,8 @@
 // scrim-check: each fault at its line, all in one run, and none in the examples.
 
+#include "screens/directives.h"
 #include "tests/terminal.h"
+#include "tools/check/line_rules.h"
 
 #include <filesystem>
 #include <string>
@@ -24,18 +26,46 @@ TEST(Check, EveryFaultIsSaidAtItsLine) {
   }
 }
 
-// Files of refused lines are closed.
+TEST(Check, WhateverTheTableNamesIsChecked) {
+  std::string lines = "fulls\n", output;
+  for (int row = 0, line = 2; row < directive_rows; row++, line += 2) {
+    const std::string keyword = file_funcs[row], names = file_numbers[row];
+    lines += keyword + (keyword.back() == ':' ? "x\n" : ":x\n") + "endtext:\n";
+    if (!names.empty())
+      output += "form:" + std::to_string(line) + ": " + names.substr(0, names.find('/')) +
+                " missing, or not numbers\n";
+  }
+  Terminal t;
+  t.file("form", lines);
+  t.command({"sh", "-c", SCRIM_CHECK_BINARY " form | grep missing,"});
+  t.expect_exit(0, output);
+  for (const rule& it : rules) {
+    const int row = directive_row(it.keyword);
+    EXPECT_TRUE(row != -1 && it.keyword == file_funcs[row]) << it.keyword;
+  }
+}
+
+// Files of refused lines are closed, many fields take little time, a check that dies has a message,
+// and no process reads on when scrim-check is killed.
 TEST(Check, CallsAndLimits) {
   const std::string line = "bad:1: Invalid Command: x\n";
   const std::tuple<std::string, int, std::string> cases[] = {
       {"$0 good bad", 1, line + "bad:3: no screen of the list has the name 'x'\n"},
-      {"$0 bad,none good", 2, line},
+      {"env --ignore-signal=CHLD $0 bad,none good", 2, line},
       {"$0 -q bad", 1, ""},
       {"$0 good ,", 2, ""},
       {"$0 -x good", 2, ""},
       {"yes swin:1,1,9,5:/ | head -n 1100 >>good; echo swin:1,9,9,5:bad >>good; ulimit -n 200; "
        "$0 good | grep -c open",
-       0, "1100\n"}};
+       0, "1100\n"},
+      {"seq 40000 | sed 's/.*/etext:1,&,9::V&/' >>good; ulimit -t 5; $0 good | grep -c leaves", 0,
+       "39978\n"},
+      {"mkfifo pipe; $0 pipe 2>said & until pkill -9 -P $!; do sleep .1; done; wait $!; echo $?; "
+       "cat said",
+       0, "2\nscrim-check: pipe: the check ended without a result\n"},
+      {"mkfifo pipe; $0 pipe & until pgrep -P $! >pid; do sleep .1; done; kill $!; wait $!; echo "
+       "$?; sleep .1; timeout .3 sh -c ': >pipe'; echo $?",
+       0, "143\n124\n"}};
   for (const auto& [call, status, output] : cases) {
     SCOPED_TRACE(call);
     Terminal t;

@@ -1,0 +1,56 @@
+// tools/check/main: scrim-check, which looks for faults in screen files.
+
+#include "tools/check/findings.h"
+#include "tools/check/lists.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <new>
+#include <string_view>
+#include <vector>
+
+#include <unistd.h>
+
+namespace scrim {
+
+static int show_usage() {
+  fputs("Usage: scrim-check [-q] file[,file...] ...\n", stderr);
+  return wrong_call;
+}
+
+static bool names_a_file(std::string_view list) {
+  return list.find_first_not_of(',') != std::string_view::npos;
+}
+
+static int check_lists(const std::vector<char*>& lists, bool quiet) {
+  bool complete = true;
+  findings found;
+  for (char* list : lists) complete = check_list(list, found) && complete;
+  if (!quiet) print_findings(found);
+  if (!complete) return wrong_call;
+  return found.empty() ? 0 : 1;
+}
+
+static int run(int argc, char** argv) {
+  bool quiet = false;
+  for (int option = 0; (option = getopt(argc, argv, "q")) != -1;) {
+    if (option != 'q') return show_usage();
+    quiet = true;
+  }
+  const std::vector<char*> lists(argv + optind, argv + argc);
+  if (lists.empty() || !std::all_of(lists.begin(), lists.end(), names_a_file)) return show_usage();
+  return check_lists(lists, quiet);
+}
+
+}  // namespace scrim
+
+int main(int argc, char** argv) {
+  signal(SIGCHLD, SIG_DFL);  // a caller that ignores its children's ends must not hide ours
+  try {
+    return scrim::run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    fputs("scrim-check: out of memory\n", stderr);
+    return scrim::wrong_call;
+  }
+}
