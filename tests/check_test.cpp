@@ -18,8 +18,7 @@ namespace scrim {
 TEST(Check, EveryFaultIsSaidAtItsLine) {
   for (const auto& folder : std::filesystem::directory_iterator(SCRIM_SOURCE "/tests/check")) {
     SCOPED_TRACE(folder.path());
-    Terminal t;
-    t.directory(folder.path());
+    Terminal t({.directory = folder.path()});
     t.command({"sh", "-c", "exec $0 $(cat call 2>/dev/null || ls *.scrim | paste -s -d , -)",
                SCRIM_CHECK_BINARY});
     t.expect_exit(1, t.read(folder.path() / "expected"));
@@ -77,8 +76,7 @@ TEST(Check, CallsAndLimits) {
 }
 
 TEST(Check, ExamplesAreClean) {
-  Terminal t;
-  t.directory(SCRIM_SOURCE "/examples");
+  Terminal t({.directory = SCRIM_SOURCE "/examples"});
   t.command({"sh", "-c", R"(export LOG_FILE=$0 FOUND=$0; cd orders
 $0 ../customer/customer.scrim ../logview/logview.scrim entry.scrim find.scrim found.scrim \
   change.scrim && cd ../order && $0 who.scrim,goods.scrim,delivery.scrim,help.scrim &&

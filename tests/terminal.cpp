@@ -47,7 +47,7 @@ Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
   std::string name = std::filesystem::temp_directory_path() / "scrim-test-XXXXXX";
   if (!mkdtemp(name.data())) ADD_FAILURE() << "no temporary directory " << name;
   directory_ = name;
-  emulator.setup.directory = name;
+  if (emulator.setup.directory.empty()) emulator.setup.directory = name;
   const char* path = getenv("PATH");
   std::string own = std::filesystem::path(SCRIM_BINARY).parent_path();
   env("PATH", own + ":" + (path ? path : "/usr/bin:/bin"));
