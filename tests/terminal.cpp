@@ -4,7 +4,7 @@
 
 #include "tests/terminal.h"
 
-#include "tools/picture.h"
+#include "tools/emulator/picture.h"
 
 #include <algorithm>
 #include <cstdlib>

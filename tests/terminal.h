@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "tools/emulator.h"
+#include "tools/emulator/emulator.h"
 
 #include <functional>
 #include <string>

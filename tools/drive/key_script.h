@@ -1,4 +1,4 @@
-// tools/key_script: what scrim-drive types. Text stands for itself, <Name> for a key of the
+// drive/key_script: what scrim-drive types. Text stands for itself, <Name> for a key of the
 // terminal. A fault in a script ends the program here: nothing has been started yet.
 
 #ifndef SCRIM_TOOLS_KEY_SCRIPT_H_

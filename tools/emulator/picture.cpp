@@ -1,7 +1,7 @@
-// tools/picture: text is drawn in runs of one look, stretched to the cells' width, so that it fits
-// whatever font the viewer has. Lines and corners are strokes: a font's would leave gaps.
+// emulator/picture: text is drawn in runs of one look, stretched to the cells' width, so that it
+// fits whatever font the viewer has. Lines and corners are strokes: a font's would leave gaps.
 
-#include "tools/picture.h"
+#include "tools/emulator/picture.h"
 
 #include <cstdarg>
 #include <cstdio>

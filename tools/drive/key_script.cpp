@@ -1,7 +1,7 @@
-// tools/key_script: one table of names. <term.h> makes macros of many short words, so the
+// drive/key_script: one table of names. <term.h> makes macros of many short words, so the
 // emulator's header must not be seen here.
 
-#include "tools/key_script.h"
+#include "tools/drive/key_script.h"
 
 #include "common/program.h"
 

@@ -1,4 +1,4 @@
-// tools/emulator: runs a command in a pseudo-terminal and keeps the screen that a terminal would
+// emulator/emulator: runs a command in a pseudo-terminal and keeps the screen that a terminal would
 // show. The tests and scrim-drive look through it. All calls work on one thread; pump() moves every
 // byte.
 

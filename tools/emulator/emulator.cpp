@@ -1,8 +1,8 @@
-// tools/emulator: the command runs under a session leader of its own. The leader outlives it,
+// emulator/emulator: the command runs under a session leader of its own. The leader outlives it,
 // because the end of a session hangs the terminal up, which resets the line settings and drops
 // unread output.
 
-#include "tools/emulator.h"
+#include "tools/emulator/emulator.h"
 
 #include <algorithm>
 #include <cerrno>

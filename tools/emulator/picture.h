@@ -1,10 +1,10 @@
-// tools/picture: the emulator's screen as text and as SVG. The same screen always gives the same
+// emulator/picture: the emulator's screen as text and as SVG. The same screen always gives the same
 // bytes.
 
 #ifndef SCRIM_TOOLS_PICTURE_H_
 #define SCRIM_TOOLS_PICTURE_H_
 
-#include "tools/emulator.h"
+#include "tools/emulator/emulator.h"
 
 #include <string>
 

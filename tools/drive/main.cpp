@@ -1,9 +1,9 @@
 // scrim-drive: runs a command in a terminal of its own, types a key script into it, and prints the
 // screen it shows. The command's standard output and exit status pass through.
 
-#include "tools/emulator.h"
-#include "tools/key_script.h"
-#include "tools/picture.h"
+#include "tools/drive/key_script.h"
+#include "tools/emulator/emulator.h"
+#include "tools/emulator/picture.h"
 
 #include <algorithm>
 #include <cerrno>
