@@ -1,25 +1,25 @@
-// drive/key_script: what scrim-drive types. Text stands for itself, <Name> for a key of the
-// terminal. A fault in a script ends the program here: nothing has been started yet.
-
-#ifndef SCRIM_TOOLS_KEY_SCRIPT_H_
-#define SCRIM_TOOLS_KEY_SCRIPT_H_
+// drive/key_script: what scrim-drive types and when, and its numbers. A fault in a script or a
+// number ends the program: it has started nothing yet.
+#pragma once
 
 #include <string>
 #include <vector>
 
 namespace scrim {
 
-constexpr int own_failure = 125;   // exit status; what a command itself hardly ever ends with
+constexpr int own_failure = 125;   // exit status that hardly any command ends with
 constexpr int most_time = 600000;  // ms, the longest wait that can be asked for
 
+enum step_kind { type_keys, wait_a_time, take_shot };
+
 struct key_step {
-  enum Kind { type, wait, shot } kind;
-  std::string bytes;  // of type
-  int time;           // ms, of wait
+  step_kind kind;
+  std::string bytes;  // of type_keys
+  int time;           // of wait_a_time, in ms
 };
 
-// Plain text up to the next name is one step. Line breaks and the indents behind them only lay the
-// script out. The keys' bytes are those of the description of the terminal `term`.
+// The steps of a key script: a text, a key, a <wait> or a <shot> each. Line breaks, and the blanks
+// that indent the line behind, only lay the script out.
 std::vector<key_step> steps_of(std::string script, const std::string& term);
 
 // The decimal number that is all of the text; ends the program when it is not from least to most.
@@ -29,5 +29,3 @@ int number_in(const std::string& text, int least, int most);
 [[noreturn]] void give_up(const std::string& message);
 
 }  // namespace scrim
-
-#endif  // SCRIM_TOOLS_KEY_SCRIPT_H_

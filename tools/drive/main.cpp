@@ -1,5 +1,5 @@
 // scrim-drive: runs a command in a terminal of its own, types a key script into it, and prints the
-// screen it shows. The command's standard output and exit status pass through.
+// screen that the command shows. The command's standard output and exit status pass through.
 
 #include "tools/drive/key_script.h"
 #include "tools/emulator/emulator.h"
@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -19,21 +21,19 @@
 
 namespace scrim {
 
-namespace {
-
-constexpr int key_limit = 2000;  // ms until the next key is waited for; also for a command to die
-constexpr int most_cells = 500;  // rows, columns
+static const int key_limit = 2000;  // ms until the next key is waited for; also for a kill to act
+static const int most_cells = 500;  // rows, columns
 
 struct drive_options {
   emulator_setup setup;
   std::string keys;
-  const char* picture_file = nullptr;
+  const char* picture_file = nullptr;  // null: standard error
   bool svg = false;
-  int quiet = 50;       // ms
-  int patience = 2000;  // ms for the command to end once the keys are used up
+  int quiet = 50;       // ms without output after which the next key is typed
+  int patience = 2000;  // ms for the command to end after the last key
 };
 
-[[noreturn]] void show_usage() {
+[[noreturn]] static void show_usage() {
   fputs(
       "usage: scrim-drive [-su] [-r rows] [-c columns] [-T term] [-k keys | -K file]\n"
       "                   [-q ms] [-w ms] [-o file] [--] command [argument ...]\n",
@@ -41,90 +41,86 @@ struct drive_options {
   exit(own_failure);
 }
 
-std::string content_of(const char* name) {
+static std::string content_of(const char* name) {
   FILE* file = fopen(name, "r");
-  if (file == nullptr) give_up(std::string(name) + ": " + strerror(errno));
+  if (!file) give_up(std::string(name) + ": " + std::strerror(errno));
   std::string content;
   char buffer[4096];
-  while (size_t length = fread(buffer, 1, sizeof buffer, file)) content.append(buffer, length);
+  while (std::size_t length = fread(buffer, 1, sizeof buffer, file)) content.append(buffer, length);
   fclose(file);
   return content;
 }
 
-drive_options read_options(int count, char** words) {
+struct option_row {
+  const char* letter;  // as getopt() takes it: a ":" behind it where a word follows
+  void (*take)(drive_options& options, const char* word);
+};
+static const option_row option_rows[] = {
+    {"r:", [](auto& chosen, auto word) { chosen.setup.rows = number_in(word, 1, most_cells); }},
+    {"c:", [](auto& chosen, auto word) { chosen.setup.columns = number_in(word, 1, most_cells); }},
+    {"T:", [](auto& chosen, auto word) { chosen.setup.term = word; }},
+    {"k:", [](auto& chosen, auto word) { chosen.keys = word; }},
+    {"K:", [](auto& chosen, auto word) { chosen.keys = content_of(word); }},
+    {"s", [](auto& chosen, auto) { chosen.svg = true; }},
+    {"u", [](auto& chosen, auto) { chosen.setup.utf8 = true; }},
+    {"q:", [](auto& chosen, auto word) { chosen.quiet = number_in(word, 1, most_time); }},
+    {"w:", [](auto& chosen, auto word) { chosen.patience = number_in(word, 0, most_time); }},
+    {"o:", [](auto& chosen, auto word) { chosen.picture_file = word; }},
+};
+
+static void take_option(drive_options& options, int letter) {
+  for (const option_row& row : option_rows)
+    if (*row.letter == letter) return row.take(options, optarg);
+  show_usage();
+}
+
+static drive_options read_options(int count, char** words) {
   drive_options options;
-  for (int letter; (letter = getopt(count, words, "+r:c:T:k:K:suq:w:o:")) != -1;) {
-    switch (letter) {
-      case 'r':
-        options.setup.rows = number_in(optarg, 1, most_cells);
-        break;
-      case 'c':
-        options.setup.columns = number_in(optarg, 1, most_cells);
-        break;
-      case 'T':
-        options.setup.term = optarg;
-        break;
-      case 'k':
-        options.keys = optarg;
-        break;
-      case 'K':
-        options.keys = content_of(optarg);
-        break;
-      case 's':
-        options.svg = true;
-        break;
-      case 'u':
-        options.setup.utf8 = true;
-        break;
-      case 'q':
-        options.quiet = number_in(optarg, 1, most_time);
-        break;
-      case 'w':
-        options.patience = number_in(optarg, 0, most_time);
-        break;
-      case 'o':
-        options.picture_file = optarg;
-        break;
-      default:
-        show_usage();
-    }
-  }
+  std::string letters = "+";  // the options end at the command
+  for (const option_row& row : option_rows) letters += row.letter;
+  for (int letter; (letter = getopt(count, words, letters.c_str())) != -1;)
+    take_option(options, letter);
   if (optind >= count) show_usage();
   options.setup.output = STDOUT_FILENO;
   return options;
 }
 
-void pump_for(Emulator& emulator, int time) {
-  const int64_t deadline = milliseconds() + time;
-  for (int64_t left = time; left > 0 && !emulator.ended(); left = deadline - milliseconds())
+static void pump_for(Emulator& emulator, int time) {
+  const std::int64_t deadline = milliseconds() + time;
+  for (std::int64_t left = time; left > 0 && !emulator.ended(); left = deadline - milliseconds())
     emulator.pump(static_cast<int>(left));
 }
 
+static void await_key(Emulator& emulator, const drive_options& options) {
+  emulator.await_key(options.quiet, std::max(key_limit, 10 * options.quiet));
+}
+
 // Returns the picture of the last <shot>, or else of the last screen.
-std::string play(Emulator& emulator, const std::vector<key_step>& steps,
-                 const drive_options& options) {
+static std::string play(Emulator& emulator, const std::vector<key_step>& steps,
+                        const drive_options& options) {
   auto* picture = options.svg ? svg_picture : text_picture;
   std::optional<std::string> shot;
   for (const key_step& step : steps) {
-    if (step.kind == key_step::shot) shot = picture(emulator);
-    if (step.kind == key_step::wait) pump_for(emulator, step.time);
-    if (step.kind != key_step::type || emulator.ended()) continue;
+    if (step.kind == take_shot) shot = picture(emulator);
+    if (step.kind == wait_a_time) pump_for(emulator, step.time);
+    if (step.kind != type_keys || emulator.ended()) continue;
     emulator.send(step.bytes);
-    emulator.await_key(options.quiet, std::max(key_limit, 10 * options.quiet));
+    await_key(emulator, options);
   }
   return shot ? *shot : picture(emulator);
 }
 
-void write_picture(const std::string& picture, const char* name) {
-  FILE* file = name == nullptr ? stderr : fopen(name, "w");
-  if (file == nullptr) give_up(std::string(name) + ": " + strerror(errno));
-  size_t written = fwrite(picture.data(), 1, picture.size(), file);
-  int failed = name == nullptr ? fflush(file) : fclose(file);
+static void write_picture(const std::string& picture, const char* name) {
+  FILE* file = name ? fopen(name, "w") : stderr;
+  if (!file) give_up(std::string(name) + ": " + std::strerror(errno));
+  const std::size_t written = fwrite(picture.data(), 1, picture.size(), file);
+  const int failed = name ? fclose(file) : fflush(file);
   if (failed != 0 || written != picture.size()) give_up("the picture could not be written");
 }
 
-// First the command may end by itself, then it is hung up, then killed.
-int end_of(Emulator& emulator, int patience) {
+// The command's exit status. The command may end by itself; if it does not, it is hung up, then
+// killed.
+static int end_of(Emulator& emulator, int patience) {
   pump_for(emulator, patience);
   if (emulator.ended()) return emulator.status();
   fputs("scrim-drive: the command still runs after the last key: hung up\n", stderr);
@@ -135,17 +131,15 @@ int end_of(Emulator& emulator, int patience) {
   return emulator.ended() ? emulator.status() : 128 + SIGKILL;
 }
 
-int drive(int count, char** words) {
+static int drive(int count, char** words) {
   const drive_options options = read_options(count, words);
   const std::vector<key_step> steps = steps_of(options.keys, options.setup.term);
   Emulator emulator(options.setup);
   if (!emulator.start({words + optind, words + count})) give_up("no terminal or no process");
-  emulator.await_key(options.quiet, std::max(key_limit, 10 * options.quiet));
+  await_key(emulator, options);
   write_picture(play(emulator, steps, options), options.picture_file);
   return end_of(emulator, options.patience);
 }
-
-}  // namespace
 
 }  // namespace scrim
 
