@@ -1,15 +1,17 @@
-// emulator/emulator: the command runs under a session leader of its own. The leader outlives it,
-// because the end of a session hangs the terminal up, which resets the line settings and drops
-// unread output.
+// emulator/emulator: the command runs in a session of its own. The session's leader is a process
+// that lives until the emulator closes the socket to it: the end of a leader hangs the terminal up,
+// which resets the line settings and drops unread output.
 
 #include "tools/emulator/emulator.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <iterator>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -21,45 +23,46 @@
 
 namespace scrim {
 
-namespace {
-
-constexpr uint32_t c1_home = 0xE000;  // bytes 0x80..0x9F would be control characters to libvterm
-constexpr int drain_rounds = 1024;    // a left-over process may write for ever
+// Bytes 0x80 to 0x9F would be control characters to libvterm: it is given private-use characters,
+// this much higher, in their place.
+static const std::uint32_t c1_shift = 0xE000;
+static const int last_reads = 1024;  // after the command's end: what it started may write for ever
 
 // What the leader ignores and the command does not.
-constexpr int terminal_signals[] = {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTSTP, SIGTTIN, SIGTTOU};
+static const int terminal_signals[] = {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTSTP, SIGTTIN, SIGTTOU};
 
-bool is_c1(uint32_t code) { return code >= 0x80 && code <= 0x9F; }
+static bool is_c1(std::uint32_t code) { return code >= 0x80 && code <= 0x9F; }
 
-void close_descriptor(int& descriptor) {
+static void close_descriptor(int& descriptor) {
   if (descriptor >= 0) close(descriptor);
   descriptor = -1;
 }
 
-bool same_settings(const termios& left, const termios& right) {
+static bool same_settings(const termios& left, const termios& right) {
   return left.c_iflag == right.c_iflag && left.c_oflag == right.c_oflag &&
          left.c_cflag == right.c_cflag && left.c_lflag == right.c_lflag &&
          std::equal(std::begin(left.c_cc), std::end(left.c_cc), std::begin(right.c_cc));
 }
 
-bool is_replaced(const char* variable, const std::vector<std::string>& replacements) {
+static bool is_replaced(const char* variable, const std::vector<std::string>& replacements) {
   for (const char* dropped : {"LINES=", "COLUMNS=", "LANG=", "LC_", "TERM="})
-    if (strncmp(variable, dropped, strlen(dropped)) == 0) return true;
+    if (std::strncmp(variable, dropped, std::strlen(dropped)) == 0) return true;
   return std::any_of(replacements.begin(), replacements.end(), [&](const std::string& other) {
-    return strncmp(variable, other.c_str(), other.find('=') + 1) == 0;
+    return std::strncmp(variable, other.c_str(), other.find('=') + 1) == 0;
   });
 }
 
-std::vector<std::string> environment_of(const emulator_setup& setup) {
+static std::vector<std::string> environment_of(const emulator_setup& setup) {
   std::vector<std::string> result = {"TERM=" + setup.term, "LANG=C",
                                      setup.utf8 ? "LC_ALL=C.UTF-8" : "LC_ALL=C"};
-  for (char** variable = environ; *variable != nullptr; ++variable)
+  for (char** variable = environ; *variable; variable++)
     if (!is_replaced(*variable, setup.environment)) result.emplace_back(*variable);
   result.insert(result.end(), setup.environment.begin(), setup.environment.end());
   return result;
 }
 
-std::vector<char*> pointers(const std::vector<std::string>& texts) {
+// The texts as execvp() takes them.
+static std::vector<char*> pointers(const std::vector<std::string>& texts) {
   std::vector<char*> result;
   result.reserve(texts.size() + 1);
   for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
@@ -67,57 +70,67 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
   return result;
 }
 
-[[noreturn]] void execute(const emulator_setup& setup, int slave, int output, char** arguments,
-                          char** environment) {
+// What the leader and the command need of the emulator.
+struct session {
+  const emulator_setup& setup;
+  const std::vector<std::string>& arguments;
+  int slave;
+  int output;   // the command's standard output
+  int control;  // the leader's end of the socket
+};
+
+[[noreturn]] static void execute(const session& own) {
+  const emulator_setup& setup = own.setup;
   setpgid(0, 0);
-  if (setup.controlling) tcsetpgrp(slave, getpid());
+  if (setup.controlling) tcsetpgrp(own.slave, getpid());
   for (int number : terminal_signals) signal(number, SIG_DFL);
-  dup2(slave, STDIN_FILENO);
-  dup2(output, STDOUT_FILENO);
-  dup2(slave, STDERR_FILENO);
+  dup2(own.slave, STDIN_FILENO);
+  dup2(own.output, STDOUT_FILENO);
+  dup2(own.slave, STDERR_FILENO);
   if (!setup.directory.empty() && chdir(setup.directory.c_str()) != 0) _exit(127);
-  environ = environment;
-  execvp(arguments[0], arguments);
-  dprintf(STDERR_FILENO, "%s: %s\r\n", arguments[0], strerror(errno));
+  const std::vector<std::string> variables = environment_of(setup);
+  std::vector<char*> environment = pointers(variables), arguments = pointers(own.arguments);
+  environ = environment.data();
+  execvp(arguments[0], arguments.data());
+  dprintf(STDERR_FILENO, "%s: %s\r\n", arguments[0], std::strerror(errno));
   _exit(127);
 }
 
-// Tells through `control` first the command's process number, then its wait status; stays until
-// the other end is closed.
-[[noreturn]] void lead(const emulator_setup& setup, int slave, int output, int control,
-                       char** arguments, char** environment) {
-  prctl(PR_SET_PDEATHSIG, SIGKILL);  // its end hangs the command up
+// Sends a number to the emulator. Returns whether the emulator took it.
+static bool report(int control, int value) {
+  return write(control, &value, sizeof value) == sizeof value;
+}
+
+// The session's leader: reports the command's process number, then the command's wait status, and
+// ends when the emulator closes its end of the socket.
+[[noreturn]] static void lead(const session& own) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);  // the end of the leader hangs the command up
   setsid();
-  if (setup.controlling) ioctl(slave, TIOCSCTTY, 0);
-  if (setup.nonblocking) fcntl(slave, F_SETFL, O_RDWR | O_NONBLOCK);
+  if (own.setup.controlling) ioctl(own.slave, TIOCSCTTY, 0);
+  if (own.setup.nonblocking) fcntl(own.slave, F_SETFL, O_RDWR | O_NONBLOCK);
   for (int number : terminal_signals) signal(number, SIG_IGN);
-  pid_t command = fork();
-  if (command == 0) execute(setup, slave, output, arguments, environment);
-  if (output != setup.output) close(output);
+  const pid_t command = fork();
+  if (command == 0) execute(own);
+  if (own.output != own.setup.output) close(own.output);
   int status = 0;
-  bool told = write(control, &command, sizeof command) == sizeof command;
+  bool heard = report(own.control, command);
   while (waitpid(command, &status, 0) < 0 && errno == EINTR) continue;
-  told = told && write(control, &status, sizeof status) == sizeof status;
-  while (told && read(control, &status, sizeof status) != 0) continue;
+  heard = heard && report(own.control, status);
+  while (heard && read(own.control, &status, sizeof status) != 0) continue;
   _exit(0);
 }
 
-}  // namespace
-
-int64_t milliseconds() {
+std::int64_t milliseconds() {
   timespec now;
   clock_gettime(CLOCK_MONOTONIC, &now);
-  return int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
+  return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
 }
 
-void append_utf8(std::string& text, uint32_t code) {
+void append_utf8(std::string& text, std::uint32_t code) {
   int shift = code < 0x80 ? 0 : code < 0x800 ? 6 : code < 0x10000 ? 12 : 18;
-  static constexpr int lead_bits[] = {0, 0xC0, 0xE0, 0xF0};
-  text += static_cast<char>(static_cast<uint32_t>(lead_bits[shift / 6]) | (code >> shift));
-  while (shift > 0) {
-    shift -= 6;
-    text += static_cast<char>(0x80 | ((code >> shift) & 0x3F));
-  }
+  static const std::uint32_t lead_bits[] = {0, 0xC0, 0xE0, 0xF0};
+  text += static_cast<char>(lead_bits[shift / 6] | (code >> shift));
+  while ((shift -= 6) >= 0) text += static_cast<char>(0x80 | ((code >> shift) & 0x3F));
 }
 
 Emulator::Emulator(const emulator_setup& settings)
@@ -136,7 +149,7 @@ Emulator::Emulator(const emulator_setup& settings)
   vterm_screen_reset(screen_, 1);
   vterm_output_set_callback(
       vterm_,
-      [](const char* bytes, size_t length, void* self) {
+      [](const char* bytes, std::size_t length, void* self) {
         static_cast<Emulator*>(self)->send({bytes, length});
       },
       this);
@@ -172,16 +185,12 @@ bool Emulator::start(const std::vector<std::string>& arguments) {
   control_ = control[0];
   if (setup.output < 0 && pipe2(output, O_CLOEXEC) != 0) return false;
   collected_ = output[0];
-  std::vector<std::string> environment = environment_of(setup);
-  std::vector<char*> argument_pointers = pointers(arguments);
-  std::vector<char*> environment_pointers = pointers(environment);
   leader_ = fork();
   if (leader_ == 0) {
     close(master_);
     close(control_);
     if (collected_ >= 0) close(collected_);
-    lead(setup, slave_, output[1], control[1], argument_pointers.data(),
-         environment_pointers.data());
+    lead({setup, arguments, slave_, output[1], control[1]});
   }
   close(control[1]);
   if (setup.output < 0) close(output[1]);
@@ -198,18 +207,18 @@ void Emulator::send(std::string_view bytes) {
 void Emulator::flush() {
   if (pending_.empty() || master_ < 0) return;
   ssize_t written = write(master_, pending_.data(), pending_.size());
-  if (written > 0) pending_.erase(0, static_cast<size_t>(written));
+  if (written > 0) pending_.erase(0, static_cast<std::size_t>(written));
 }
 
-void Emulator::feed(std::string_view bytes) {
+void Emulator::show(std::string_view bytes) {
   raw_ += bytes;
   std::string text;
-  for (char byte : bytes) {
-    auto code = static_cast<unsigned char>(byte);
+  for (const char byte : bytes) {
+    const auto code = static_cast<unsigned char>(byte);
     if (setup.utf8 || code < 0x80) {
       text += byte;
     } else {
-      append_utf8(text, is_c1(code) ? c1_home + code : code);
+      append_utf8(text, is_c1(code) ? c1_shift + code : code);
     }
   }
   vterm_input_write(vterm_, text.data(), text.size());
@@ -219,7 +228,7 @@ bool Emulator::read_terminal() {
   char buffer[4096];
   ssize_t length = master_ < 0 ? -1 : read(master_, buffer, sizeof buffer);
   if (length <= 0) return false;
-  feed({buffer, static_cast<size_t>(length)});
+  show({buffer, static_cast<std::size_t>(length)});
   return true;
 }
 
@@ -228,16 +237,16 @@ bool Emulator::read_output() {
   ssize_t length = collected_ < 0 ? -1 : read(collected_, buffer, sizeof buffer);
   if (length == 0) close_descriptor(collected_);
   if (length <= 0) return false;
-  output_.append(buffer, static_cast<size_t>(length));
+  output_.append(buffer, static_cast<std::size_t>(length));
   return true;
 }
 
-// All that the command wrote is in the kernel by now: it can be read without waiting.
+// All that the command wrote is in the kernel by now and can be read without waiting.
 void Emulator::conclude(int status) {
   ended_ = true;
   status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  for (int round = 0; round < drain_rounds; ++round) {
-    bool came = read_terminal();
+  for (int i = 0; i < last_reads; i++) {
+    const bool came = read_terminal();
     if (!read_output() && !came) break;
   }
   if (slave_ >= 0) tcgetattr(slave_, &after_);
@@ -265,16 +274,16 @@ bool Emulator::waiting_for_key() const {
   int unread = 0;
   if (!pending_.empty() || tcgetattr(slave_, &now) != 0 || ioctl(slave_, FIONREAD, &unread) != 0)
     return false;
-  bool timed = now.c_cc[VMIN] == 0 && now.c_cc[VTIME] > 0;
+  const bool timed = now.c_cc[VMIN] == 0 && now.c_cc[VTIME] > 0;
   return unread == 0 && (now.c_lflag & ICANON) == 0 && !timed;
 }
 
 bool Emulator::settle(int quiet, int limit) {
-  const int64_t deadline = milliseconds() + limit;
-  int64_t last = milliseconds();
+  const std::int64_t deadline = milliseconds() + limit;
+  std::int64_t last = milliseconds();
   while (!ended_) {
-    bool came = pump(std::max(1, quiet / 4));
-    int64_t now = milliseconds();
+    const bool came = pump(std::max(1, quiet / 4));
+    const std::int64_t now = milliseconds();
     if (came) last = now;
     if (now - last >= (waiting_for_key() ? quiet : 10 * quiet)) break;
     if (now >= deadline) return false;
@@ -283,7 +292,7 @@ bool Emulator::settle(int quiet, int limit) {
 }
 
 bool Emulator::await_key(int quiet, int limit) {
-  const int64_t deadline = milliseconds() + limit;
+  const std::int64_t deadline = milliseconds() + limit;
   while (!ended_ && !waiting_for_key()) {
     if (milliseconds() >= deadline) return false;
     pump(quiet);
@@ -291,8 +300,9 @@ bool Emulator::await_key(int quiet, int limit) {
   return settle(quiet, limit);
 }
 
-// A dropped line signals only the session leader, and a shell passes that on to its foreground
-// job. Stopped meanwhile, the command never sees the dead terminal before the signal.
+// When a connection drops, the session leader gets the signal, and a shell sends it on to its
+// foreground job. The command is stopped meanwhile: it must have the signal before it reads from
+// the closed terminal.
 void Emulator::hang_up() {
   const bool signalled = setup.controlling && command_ > 0 && !ended_;
   if (signalled) kill(-command_, SIGSTOP);
@@ -303,7 +313,8 @@ void Emulator::hang_up() {
 }
 
 void Emulator::resize(int rows, int columns) {
-  winsize size = {static_cast<unsigned short>(rows), static_cast<unsigned short>(columns), 0, 0};
+  const winsize size = {static_cast<unsigned short>(rows), static_cast<unsigned short>(columns), 0,
+                        0};
   ioctl(master_, TIOCSWINSZ, &size);
   rows_ = rows;
   columns_ = columns;
@@ -317,20 +328,18 @@ screen_cell Emulator::cell(int row, int column) const {
   if (row < 0 || row >= rows_ || column < 0 || column >= columns_ ||
       vterm_screen_get_cell(screen_, {row, column}, &cell) == 0)
     return {};
-  uint32_t code = cell.chars[0];
-  bool right_half = code == static_cast<uint32_t>(-1);
-  return {right_half  ? 0
-          : code == 0 ? ' '
-                      : code,
-          cell.attrs.reverse != 0, cell.attrs.underline != 0};
+  std::uint32_t code = cell.chars[0];
+  if (code == 0) code = ' ';
+  if (code == static_cast<std::uint32_t>(-1)) code = 0;
+  return {code, cell.attrs.reverse != 0, cell.attrs.underline != 0};
 }
 
 std::string Emulator::text(int row, int column) const {
   std::string text;
-  for (; column < columns_; ++column) {
-    uint32_t code = cell(row, column).code;
-    bool moved = !setup.utf8 && code >= c1_home && is_c1(code - c1_home);
-    if (moved || (!setup.utf8 && code < 0x100)) {
+  for (; column < columns_; column++) {
+    const std::uint32_t code = cell(row, column).code;
+    const bool is_byte = code < 0x100 || (code >= c1_shift && is_c1(code - c1_shift));
+    if (is_byte && !setup.utf8) {
       text += static_cast<char>(code & 0xFF);
     } else if (code != 0) {
       append_utf8(text, code);

@@ -1,9 +1,6 @@
 // emulator/emulator: runs a command in a pseudo-terminal and keeps the screen that a terminal would
-// show. The tests and scrim-drive look through it. All calls work on one thread; pump() moves every
-// byte.
-
-#ifndef SCRIM_TOOLS_EMULATOR_H_
-#define SCRIM_TOOLS_EMULATOR_H_
+// show. Bytes move only within the calls, on the caller's thread.
+#pragma once
 
 #include <cstdint>
 #include <string>
@@ -30,59 +27,62 @@ struct emulator_setup {
 };
 
 struct screen_cell {
-  uint32_t code = ' ';  // Unicode; 0: the right half of a wide character
+  std::uint32_t code = ' ';  // of Unicode; 0: the right half of a wide character
   bool reverse = false;
   bool underline = false;
 };
 
 class Emulator {
  public:
-  // Opens the pseudo-terminal: its line settings may be changed on terminal() before start().
+  // Opens the pseudo-terminal. The caller may change its line settings, on terminal(), until
+  // start().
   explicit Emulator(const emulator_setup& settings = {});
-  // Hangs up and kills what still runs.
+  // Hangs up, and kills a command that still runs.
   ~Emulator();
   Emulator(const Emulator&) = delete;
   Emulator& operator=(const Emulator&) = delete;
 
-  // Runs the command, found through PATH; standard error is always the pseudo-terminal. To be
-  // called once. False when there is no terminal or no process to be had; a command that cannot
-  // be executed ends with status 127.
+  // Starts the command, found through PATH; standard error is always the pseudo-terminal. To be
+  // called once. Returns false when there is no terminal or no process; a command that cannot be
+  // executed ends with status 127.
   bool start(const std::vector<std::string>& arguments);
 
-  // Types the bytes. What the terminal does not take at once goes out in later pumps.
+  // Types the bytes. Those that the terminal does not take at once are sent by later calls.
   void send(std::string_view bytes);
 
-  // Waits up to `timeout` ms and takes in what is there. True when the command wrote something.
+  // Waits up to `timeout` ms and reads what the command wrote. Returns whether it wrote something.
   bool pump(int timeout);
 
-  // Pumps until the command has ended, or waits for a key and has written nothing for `quiet` ms;
-  // while it waits for no key, ten times as long. At most `limit` ms. False at the limit.
+  // Pumps until the command has ended or has written nothing for `quiet` ms (ten times as long when
+  // the command waits for no key), `limit` ms at most. Returns false at the limit.
   bool settle(int quiet, int limit);
 
-  // For the start and between programs of a script: pumps until the command has ended or waits for
-  // a key, then settles; each at most `limit` ms. False when one of them took longer.
+  // Pumps until the command has ended or waits for a key, then settles, each `limit` ms at most:
+  // for a command that starts, or starts another one. Returns false when one of the two took
+  // longer.
   bool await_key(int quiet, int limit);
 
-  // The command has read all that was sent and stands in an untimed read of single keys.
+  // Whether the command has read all keys and the line settings are those for reading a key without
+  // a time limit.
   bool waiting_for_key() const;
 
-  // Takes the terminal away, as a dropped line does.
+  // Closes the terminal; the command gets SIGHUP, as when a connection drops.
   void hang_up();
 
-  // A new size for the screen; the command gets SIGWINCH.
+  // Gives the screen a new size; the command gets SIGWINCH.
   void resize(int rows, int columns);
 
   bool ended() const { return ended_; }
   int status() const { return status_; }                 // exit code, or 128 + signal number
-  pid_t pid() const { return command_; }                 // also the command's process group
+  pid_t pid() const { return command_; }                 // also the number of its process group
   int terminal() const { return slave_; }                // the command's side; -1: hung up
   const std::string& output() const { return output_; }  // collected standard output
   const std::string& raw() const { return raw_; }        // every byte the terminal received
-  bool settings_kept() const;                            // line settings after as before
+  bool settings_kept() const;  // the line settings after the end are those before the start
 
   int rows() const { return rows_; }
   int columns() const { return columns_; }
-  screen_cell cell(int row, int column) const;      // a blank outside of the screen
+  screen_cell cell(int row, int column) const;      // outside of the screen a blank
   std::string text(int row, int column = 0) const;  // bytes from the column on, no trailing blanks
   VTermPos cursor() const;                          // row and column
   bool cursor_visible() const { return cursor_visible_; }
@@ -91,36 +91,36 @@ class Emulator {
 
  private:
   void open_terminal();
+  void flush();
+  void show(std::string_view bytes);
   bool read_terminal();
   bool read_output();
   void conclude(int status);
-  void flush();
-  void feed(std::string_view bytes);
 
   VTerm* vterm_;
   VTermScreen* screen_;
-  int rows_, columns_;
-  int master_ = -1;
-  int slave_ = -1;      // kept open, so that nothing the command wrote is lost at its end
+  int rows_;
+  int columns_;
+  int master_ = -1;     // the emulator's side of the pseudo-terminal
+  int slave_ = -1;      // the command's side; open here too, or its end would drop unread output
   int collected_ = -1;  // read end of the standard output pipe
-  int control_ = -1;    // to the session leader
+  int control_ = -1;    // socket to the session leader
   pid_t leader_ = -1;
   pid_t command_ = -1;
   bool ended_ = false;
   int status_ = -1;
   bool cursor_visible_ = true;
-  termios before_ = {};
-  termios after_ = {};
-  std::string pending_;
+  termios before_ = {};  // line settings before the start
+  termios after_ = {};   // and after the end
+  std::string pending_;  // keys that the terminal has not taken yet
   std::string output_;
   std::string raw_;
 };
 
 // Milliseconds of a clock that only moves forward.
-int64_t milliseconds();
+std::int64_t milliseconds();
 
-void append_utf8(std::string& text, uint32_t code);
+// Appends a character of Unicode.
+void append_utf8(std::string& text, std::uint32_t code);
 
 }  // namespace scrim
-
-#endif  // SCRIM_TOOLS_EMULATOR_H_

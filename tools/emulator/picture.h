@@ -1,8 +1,6 @@
-// emulator/picture: the emulator's screen as text and as SVG. The same screen always gives the same
+// emulator/picture: an emulator's screen as text and as SVG. The same screen always gives the same
 // bytes.
-
-#ifndef SCRIM_TOOLS_PICTURE_H_
-#define SCRIM_TOOLS_PICTURE_H_
+#pragma once
 
 #include "tools/emulator/emulator.h"
 
@@ -13,9 +11,7 @@ namespace scrim {
 // The rows without trailing blanks, without the empty ones at the end.
 std::string text_picture(const Emulator& emulator);
 
-// All cells, with reverse, underline and the cursor.
+// All cells, with reverse video, underlines and the cursor.
 std::string svg_picture(const Emulator& emulator);
 
 }  // namespace scrim
-
-#endif  // SCRIM_TOOLS_PICTURE_H_
