@@ -55,6 +55,40 @@ TEST(Examples, LogLineIsHandedBack) {
   t.expect_exit(0, "10:43:00 job 33 finished with status 0\n");
 }
 
+// Each form filled in with text and Enter alone: Enter goes on, and ends on the button that saves.
+TEST(Examples, EnterWalksForward) {
+  static const char* const walks[][3] = {
+      {"customer/customer.sh", "Smith\rMain St\r53111\rBonn\r/99\r42.5\rpw\r\r",
+       "Name:   Smith\nStreet: Main St\nTown:   53111 Bonn\nSince:  01/02/1999 00 00 00\n"
+       "Credit: 42.5\nPassword of 2 characters\n"},
+      {"order/order.sh", "Miller\rm@x\r/99\r\rH\r2\r \r\r\r\r\r\r1/31/99\r\r",
+       "Customer: Miller <m@x>\nOrder:    12 of Hammer, by mail\nOrdered:  01/02/1999 00 00 00\n"
+       "By:       01/31/1999 00 00 00\nGift wrapped\nWith invoice\n"},
+      {"logview/logview.sh", "\r\r", "10:11:00 job 1 finished with status 0\n"},
+      // Two pages of the tour begin on a button that Enter would press: a hot key leads on.
+      {"tour/tour.sh", "!\r2\r\r12\r\r \r\r \r\rC\r\rn\r\re",
+       "The form was left with RETN=end. The script now has\n  NAME=Ann Smith!\n  PIECES=32\n"
+       "  DUE=12/31/2026\n  PIN of 2 characters\n  GIFT=_\n  PAPER=_\n  MAIL=X COURIER=_\n"
+       "  STATE=Closed\n  LINE=4,0\n"},
+      {"cd .. && eval \"$(sed -n '/^```sh$/,/^```$/{/^```/!p;}' README.md)\"", "Ann\r\r",
+       "Hello, Ann\n"},
+      {"sed -n '/^# customer/,/^\\.Ed/{/^\\.Ed/!p;}' ../man/scrim-screen.5 | scrim -f stdin",
+       "Smith\r1/2/99\rC\r \r \r\r",
+       "MAIL=\"X\";export MAIL;PRINT=\"X\";export PRINT;STATE=\"Closed\";export STATE;"
+       "DUE=\"01/02/1999 00 00 00\";export DUE;CUST=\"Smith\";export CUST;RETN=ok\n"}};
+  for (const auto& [command, keys, printed] : walks) {
+    SCOPED_TRACE(command);
+    Terminal t;
+    t.env("CUSTOMER_SINCE", "1/2");
+    t.env("ORDER_DATE", "1/2");
+    t.env("USER", "");
+    t.env("MAIL", "_");
+    t.command({"sh", "-c", "cd " + example("") + " && " + command});
+    t.type(keys);
+    t.expect_exit(0, printed);
+  }
+}
+
 TEST(Examples, OneShotModesTogether) {
   Terminal t;
   t.command({example("oneshot/oneshot.sh")});
