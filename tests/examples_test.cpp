@@ -89,6 +89,17 @@ TEST(Examples, EnterWalksForward) {
   }
 }
 
+TEST(Examples, FindTheLibraryThroughLinks) {
+  Terminal t;
+  t.env("AT", example("customer/customer.sh"));
+  t.command(
+      {"sh", "-c",
+       "mkdir bin && ln -s \"$(command -v scrim)\" bin && ln -s \"$AT\" form && PATH= ./form 2>&1;"
+       " PATH=$PWD/bin:/usr/bin:/bin ./form"});
+  t.type("\030");
+  t.expect_exit(0, "scrim is not on PATH\nNothing saved (cancel).\n");
+}
+
 TEST(Examples, OneShotModesTogether) {
   Terminal t;
   t.command({example("oneshot/oneshot.sh")});

@@ -1,8 +1,9 @@
 #!/bin/sh
 # customer.sh: shows the customer form and prints what was entered.
 # Values set beforehand fill the fields: CUSTOMER_NAME=Smith examples/customer/customer.sh
-here=$(cd "$(dirname "$0")" && pwd) || exit
-. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+scrim=$(command -v scrim) || { echo 'scrim is not on PATH' >&2; exit 127; }
+here=$(dirname "$(readlink -f "$0")")
+. "$(dirname "$(readlink -f "$scrim")")/../share/scrim/scrim.sh"
 
 CUSTOMER_SINCE=${CUSTOMER_SINCE-$(date +%m/%d/%Y)}
 export CUSTOMER_SINCE

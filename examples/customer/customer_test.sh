@@ -1,7 +1,7 @@
 #!/bin/sh
 # customer_test.sh: tests customer.sh without a person: keys are typed into it, and what it prints,
 # its status and its screen are compared. scrim and scrim-drive are found through PATH.
-here=$(cd "$(dirname "$0")" && pwd) || exit
+here=$(dirname "$(readlink -f "$0")")
 work=$(mktemp -d) || exit
 trap 'rm -rf "$work"' EXIT
 trap 'exit 130' INT TERM HUP

@@ -1,8 +1,9 @@
 #!/bin/sh
 # logview.sh [FILE]: scroll through a file and print the line that was chosen. Without a file it
 # shows a log of its own making. "Again" reads the file anew, at the place where the cursor was.
-here=$(cd "$(dirname "$0")" && pwd) || exit
-. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+scrim=$(command -v scrim) || { echo 'scrim is not on PATH' >&2; exit 127; }
+here=$(dirname "$(readlink -f "$0")")
+. "$(dirname "$(readlink -f "$scrim")")/../share/scrim/scrim.sh"
 
 work=$(mktemp -d) || exit
 trap 'rm -rf "$work"' EXIT

@@ -1,8 +1,9 @@
 #!/bin/sh
 # oneshot.sh: the one-shot modes together: a menu, a progress bar over real work (the words of this
 # file are counted), a message and an error.
-here=$(cd "$(dirname "$0")" && pwd) || exit
-. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+scrim=$(command -v scrim) || { echo 'scrim is not on PATH' >&2; exit 127; }
+here=$(dirname "$(readlink -f "$0")")
+. "$(dirname "$(readlink -f "$scrim")")/../share/scrim/scrim.sh"
 
 count_words() {
   total=$(wc -l <"$here/oneshot.sh")

@@ -1,8 +1,9 @@
 #!/bin/sh
 # order.sh: an order on three screens, with help as a pop-up. Prints the order, or says why not.
 # ORDER_DATE=12/31/2026 examples/order/order.sh presets the date, which is today otherwise.
-here=$(cd "$(dirname "$0")" && pwd) || exit
-. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+scrim=$(command -v scrim) || { echo 'scrim is not on PATH' >&2; exit 127; }
+here=$(dirname "$(readlink -f "$0")")
+. "$(dirname "$(readlink -f "$scrim")")/../share/scrim/scrim.sh"
 
 ORDER_DATE=${ORDER_DATE-$(date +%m/%d/%Y)}
 ORDER_PIECES=1

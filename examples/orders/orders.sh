@@ -1,8 +1,9 @@
 #!/bin/sh
 # orders.sh [FILE]: add, find and change customers in a database: the sqlite3 file FILE, without it
 # the PostgreSQL server that PGHOST names (cluster.sh starts one), else ./customers.db.
-here=$(cd "$(dirname "$0")" && pwd) || exit
-. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+scrim=$(command -v scrim) || { echo 'scrim is not on PATH' >&2; exit 127; }
+here=$(dirname "$(readlink -f "$0")")
+. "$(dirname "$(readlink -f "$scrim")")/../share/scrim/scrim.sh"
 
 key='integer primary key'
 case ${1-} in

@@ -1,8 +1,9 @@
 #!/bin/sh
 # tour.sh: a form that teaches forms. Five screens, each shows one family of gadgets beside the
 # lines of the file that made it; at the end it prints what a script gets.
-here=$(cd "$(dirname "$0")" && pwd) || exit
-. "$(dirname "$(command -v scrim)")/../share/scrim/scrim.sh"
+scrim=$(command -v scrim) || { echo 'scrim is not on PATH' >&2; exit 127; }
+here=$(dirname "$(readlink -f "$0")")
+. "$(dirname "$(readlink -f "$scrim")")/../share/scrim/scrim.sh"
 
 work=$(mktemp -d) || exit
 trap 'rm -rf "$work"' EXIT
