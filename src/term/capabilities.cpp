@@ -249,7 +249,12 @@ static int graphics_from_terminfo() {
 
 int initgraphics() { return use_termcap ? graphics_from_termcap() : graphics_from_terminfo(); }
 
-void keep_reserve() { reserve = malloc(reserve_size); }
+void keep_reserve() {
+  reserve = malloc(reserve_size);
+  if (reserve) return;
+  complain({"ERROR: out of memory"});
+  exit(exit_file);
+}
 
 int open_terminal() {
   if (setup_ttymode() != 0) return exit_no_terminal;

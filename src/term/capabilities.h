@@ -76,6 +76,7 @@ extern char cxxxgraph[line_slots + 1];  // the character in use for each slot
 
 // Sets memory aside for the terminal's description, so that a program that has run out of memory
 // can still show its last message. Called once, at the start; open_terminal gives the memory back.
+// Where there is not so much memory, the program ends with a message and status 253.
 void keep_reserve();
 
 // Sets the terminal to raw mode and loads its capabilities; where they are loaded already, only
