@@ -121,20 +121,18 @@ TEST(Faults, AThousandScreensAndAHundredThousandGadgets) {
   t.expect_exit(0, "RETN=cancel\n");
 }
 
+// What shows as "?" comes back as it was. A long value leaves no room for what is typed.
 TEST(Faults, ValuesCannotDriveTheTerminal) {
-  for (const std::string& value : {std::string("\033[13z\033]0;title\a\x9bx"),
-                                   std::string("two\nlines"), std::string(100'000, 'v')}) {
+  const std::string hostile = "\033[13z\033]0;t\a\x9b\nx";
+  for (const std::string& value : {hostile, std::string(100'000, 'v')}) {
     Terminal t;
     t.env("V", value);
     t.form(std::string("title:${V}\n") + form + "text:\n ${V}\nendtext:\n");
-    t.type("!");
+    t.type("!\033");
+    t.expect_exit(0,
+                  (value == hostile ? "A=\"" + hostile + "!\";export A;" : "") + "RETN=cancel\n");
     EXPECT_EQ(t.raw().find("\033[13z"), std::string::npos);
     EXPECT_EQ(t.raw().find("\033]0"), std::string::npos);
-    t.type("\033");
-    // The stored value is whole: what shows as "?" comes back as it was.
-    const std::string kept = value.size() > 79 ? value.substr(0, 79) : value + "!";
-    t.expect_exit(
-        0, value.size() > 79 ? "RETN=cancel\n" : "A=\"" + kept + "\";export A;RETN=cancel\n");
   }
 }
 

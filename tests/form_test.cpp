@@ -101,14 +101,14 @@ TEST(Form, IsLeftByItsActions) {
 
 TEST(Form, ClicksReachTheGadgetUnderThem) {
   const std::string form =
-      "text:\nA line across the fields\nendtext:\ndetext:2,2,9::V\netext:20,2,5::W\n";
-  const std::pair<const char*, std::string> cases[] = {
-      {"20;2X\033>3;20;2", "W"}, {"25;2X\033>3;25;2", "W"}, {"26;2X\033>3;26;2", "V"},
-      {"20;3X\033>3;20;3", "V"}, {"25;2X\033>3;24;2", "V"},
+      "text:\nA line across the fields\nendtext:\ndetext:2,2,9:ab:V\netext:20,2,5::W\n";
+  const std::string at_v = "V=\"abx\";export V;", at_w = "W=\"x\";export W;";
+  const std::pair<std::string, std::string> cases[] = {
+      {"20;2X\033>3;20;2", at_w}, {"25;2X\033>3;25;2", at_w}, {"26;2X\033>3;26;2", at_v},
+      {"20;3X\033>3;20;3", at_v}, {"25;2X\033>3;24;2", at_v},
   };
-  for (const auto& [report, name] : cases)
-    leave(form, std::string("\033>2;") + report + "Xx\n",
-          name + "=\"x\";export " + name + ";RETN=default\n");
+  for (const auto& [report, output] : cases)
+    leave(form, "\033>2;" + report + "Xx\n", output + "RETN=default\n");
   leave(form + "pbutton:2,4:Save:save\n", "\033>2;8;4X\033>3;8;4X", "RETN=save\n");
 }
 

@@ -26,9 +26,14 @@ static std::string complaint(Terminal& t) {
 }
 
 TEST(Modes, UsageForMixedModesAndMissingWords) {
-  for (const std::string line :
-       {"", "-T -r", "-l -e x", "-q", "-l 5 3", "-l a", "-b 1 2 3", "-p 10", "-p x y", "-e", "-t",
-        "-t 1,2,3", "-t 10,0,1,4", "-m 1,1", "-m 1 text", "-l -b 1 1", "-m", "-D -p 1 1"}) {
+  std::vector<std::string> lines = {
+      "",   "-T -r", "-q",       "-l 5 3",      "-l a",   "-b 1 2 3",  "-p 10",     "-p x y",
+      "-e", "-t",    "-t 1,2,3", "-t 10,0,1,4", "-m 1,1", "-m 1 text", "-l -b 1 1", "-m"};
+  const std::string modes[] = {"-l", "-b", "-e", "-p", "-D", "-t 9,9,1,4", "-m 1,1 x"};
+  for (const std::string& one : modes)
+    for (const std::string& other : modes)
+      if (one < other && one + other != "-b-l") lines.push_back(one + " " + other + " 1 1 3 3");
+  for (const std::string& line : lines) {
     SCOPED_TRACE(line);
     Terminal t;
     t.shell("exec scrim " + line);
@@ -75,9 +80,9 @@ TEST(Modes, WhatCannotBeOpenedEndsTheProgramBeforeTheTerminalIsTouched) {
   }
 }
 
-// Two columns wide there is no room between a frame's sides; a frame of one column is none. A
-// terminal that cannot place the cursor still shows every text. Where no key is read, the keypad is
-// left alone.
+// Two columns wide there is no room between a frame's sides; a frame of one column is none. What
+// lies left of the screen or above it is not drawn. A terminal that cannot place the cursor still
+// shows every text. Where no key is read, the keypad is left alone.
 TEST(Modes, FramesAndTextsAreDrawnWhereAsked) {
   const std::string hundred(100, 'm'), plain = "\n +--+\n |  |\n +--+\n";
   const struct {
@@ -94,6 +99,11 @@ TEST(Modes, FramesAndTextsAreDrawnWhereAsked) {
       {"scrim-gcaps", "-T -b 1 1 4 3", 1, "\n /==\\\n |  |\n \\==+\n"},
       {"scrim-plain", "-b 0 1 2 2", 1, "\n++\n++\n\n"},
       {"scrim-plain", "-b 0 1 1 3", 1, "\n\n\n\n"},
+      {"scrim-plain", "-b ' -2' -1 6 4", 0, "\n   |\n   |\n---+\n"},
+      {"scrim-plain", "-b ' -1' 0 3 3", 0, "\n-+\n |\n-+\n"},
+      {"scrim-plain", "-b ' -1' -2 3 3", 0, "\n-+\n\n"},
+      {"scrim-plain", "-b ' -6' 0 6 3", 0, "\n\n\n"},
+      {"scrim-plain", "-b ' -2000' 0 2004 1", 0, "\n---+\n\n"},
       {"xterm", "-m 20,5 'a\tb\033[7mc'", 5, "\n                    a@b?[7mc\n"},
       {"xterm", "-m 0,5 " + hundred, 5, "\n" + hundred.substr(20) + "\n" + hundred.substr(80)},
       {"dumb", "-m 20,5 Hello", 0, "\nHello\n", 0, 5},
@@ -112,20 +122,28 @@ TEST(Modes, FramesAndTextsAreDrawnWhereAsked) {
   }
 }
 
-// -r chooses another pair of standout strings.
+// -r chooses another pair of standout strings. Nothing is drawn left of the screen.
 TEST(Modes, ProgressBarIsFilledInProportion) {
-  const std::tuple<std::string, int, const char*> cases[] = {
-      {"10,40,1,4", 10, "\033[m"}, {"10,40,4,4 -r", 40, "\033[27m"},
-      {"10,40,0,4", 0, "\033[m"},  {"10,40,1,0", 0, "\033[m"},
-      {"10,40,-1,4", 0, "\033[m"}, {"10,40,2000000000,2100000000", 38, "\033[m"},
+  auto scale = [](std::size_t margin, std::size_t gap) {
+    const std::string blanks(gap, ' ');
+    return std::string(margin, ' ') + "25" + blanks + "50" + blanks + "75" + blanks.substr(1) +
+           "100";
   };
-  for (const auto& [words, cells, standout_off] : cases) {
-    SCOPED_TRACE(words);
-    Terminal t({.term = "scrim-plain"});
-    t.shell("exec scrim -t " + words);
-    t.expect_row(11, "                    0       25        50        75       100");
-    t.expect_reverse(10, 20, cells);
+  const std::string usual = std::string(20, ' ') + "0" + scale(7, 8);
+  const std::tuple<std::string, int, int, std::string> cases[] = {
+      {"10,40,1,4", 20, 10, usual},         {"10,40,4,4 -r", 20, 40, usual},
+      {"10,40,0,4", 20, 0, usual},          {"10,40,1,0", 20, 0, usual},
+      {"10,40,-1,4", 20, 0, usual},         {"10,40,2000000000,2100000000", 20, 38, usual},
+      {"10,100,1,2", 0, 40, scale(13, 23)}, {"10,84,1,84", 0, 0, scale(17, 19)},
+  };
+  for (const auto& [numbers, column, cells, labels] : cases) {
+    SCOPED_TRACE(numbers);
+    Terminal t({.columns = 132, .term = "scrim-plain"});
+    t.shell("exec scrim -t " + numbers);
+    t.expect_row(11, labels);
+    t.expect_reverse(10, column, cells);
     t.expect_exit(0, "");
+    const char* standout_off = numbers.ends_with("-r") ? "\033[27m" : "\033[m";
     EXPECT_NE(t.raw().find(standout_off), std::string::npos);
   }
 }
@@ -148,32 +166,6 @@ TEST(Modes, TextsCannotDriveTheTerminal) {
     t.run({"-m", "0,0", text});
     t.expect_exit(0, "");
     EXPECT_EQ(t.raw(), "\033[1;1H" + shown + "\033[24;1H");
-  }
-}
-
-// Nothing is drawn left of the screen or above it.
-TEST(Modes, FramesAndBarsAreCutAtTheUpperAndLeftEdge) {
-  const std::tuple<std::string, const char*, int> cases[] = {
-      {"-b ' -2' -1 6 4", "\n   |\n   |\n---+\n", 0},
-      {"-b ' -1' 0 3 3", "\n-+\n |\n-+\n", 0},
-      {"-b ' -1' -2 3 3", "\n-+\n\n\n", 0},
-      {"-b ' -6' 0 6 3", "\n\n\n\n", 0},
-      {"-b ' -2000' 0 2004 1", "\n---+\n\n\n", 0},
-      {"-t 1,100,1,2",
-       "\n\n\n             25                       50                       75"
-       "                      100\n",
-       40},
-      {"-t 1,84,1,84",
-       "\n\n\n                 25                   50                   75                  100\n",
-       0},
-  };
-  for (const auto& [line, picture, filled] : cases) {
-    SCOPED_TRACE(line);
-    Terminal t({.columns = 132, .term = "scrim-plain"});
-    t.shell("exec scrim " + line);
-    t.expect_screen(0, picture);
-    t.expect_reverse(1, 0, filled);
-    t.expect_exit(0, "");
   }
 }
 

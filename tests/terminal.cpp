@@ -25,20 +25,6 @@ static std::string without_trailing_blanks(std::string_view text) {
   return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
-static std::vector<std::string> rows_of(std::string_view picture) {
-  if (picture.starts_with('\n')) picture.remove_prefix(1);
-  std::istringstream lines{std::string(picture)};
-  std::vector<std::string> rows;
-  for (std::string line; std::getline(lines, line);) rows.push_back(without_trailing_blanks(line));
-  return rows;
-}
-
-static std::string joined(const std::vector<std::string>& rows) {
-  std::string text;
-  for (const std::string& row : rows) text += row + "\n";
-  return text;
-}
-
 static std::string place(int row, int column) {
   return "row " + std::to_string(row) + ", column " + std::to_string(column);
 }
@@ -63,10 +49,9 @@ void Terminal::file(const std::string& name, std::string_view content) {
   std::ofstream(path(name), std::ios::binary) << content;
 }
 
-void Terminal::run(const std::vector<std::string>& arguments, test_line where) {
-  std::vector<std::string> all = {SCRIM_BINARY};
-  all.insert(all.end(), arguments.begin(), arguments.end());
-  command(all, where);
+void Terminal::run(std::vector<std::string> arguments, test_line where) {
+  arguments.insert(arguments.begin(), SCRIM_BINARY);
+  command(arguments, where);
 }
 
 void Terminal::command(const std::vector<std::string>& arguments, test_line where) {
@@ -109,14 +94,17 @@ void Terminal::expect_row(int row, std::string_view text, test_line where) {
 }
 
 void Terminal::expect_screen(int row, std::string_view picture, test_line where) {
-  const std::vector<std::string> wanted = rows_of(picture);
+  std::istringstream lines(std::string(picture.substr(picture.starts_with('\n'))));
+  std::string wanted;
+  int end = row;
+  for (std::string line; std::getline(lines, line); end++)
+    wanted += without_trailing_blanks(line) + "\n";
   auto found = [&] {
-    std::vector<std::string> rows;
-    while (rows.size() < wanted.size())
-      rows.push_back(emulator.text(row + static_cast<int>(rows.size())));
-    return joined(rows);
+    std::string rows;
+    for (int i = row; i < end; i++) rows += emulator.text(i) + "\n";
+    return rows;
   };
-  expect(joined(wanted), found, where);
+  expect(wanted, found, where);
 }
 
 void Terminal::expect_text(int row, int column, std::string_view text, test_line where) {

@@ -43,7 +43,7 @@ class Terminal {
 
   // Start scrim, any command, a shell's line (scrim is found first on their PATH) or a form, and
   // wait until it has ended or waits for a key. Once for each Terminal.
-  void run(const std::vector<std::string>& arguments, test_line where = test_line::here());
+  void run(std::vector<std::string> arguments, test_line where = test_line::here());
   void command(const std::vector<std::string>& arguments, test_line where = test_line::here());
   void shell(const std::string& line, test_line where = test_line::here());
   void form(std::string_view content, test_line where = test_line::here());  // scrim, with one file

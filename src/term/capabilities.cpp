@@ -205,7 +205,7 @@ static bool find_description() {
   return result == 1;
 }
 
-static int graphics_from_termcap() {
+static void graphics_from_termcap() {
   static const char* const names[] = {
       "GH",  // horizontal line
       "GV",  // vertical line
@@ -220,23 +220,22 @@ static int graphics_from_termcap() {
       "GL",  // right tee
   };
   static_assert(std::size(names) == line_slots);
-  if (!termcap_string(names[line_lower_left])) return 0;
+  if (!termcap_string(names[line_lower_left])) return;
   graph_on = termcap_string("GS");
   graph_off = termcap_string("GE");
   for (int i = 0; i < line_slots; i++) {
     const char* found = termcap_string(names[i]);
     if (found && *found) cxxxgraph[i] = *found;
   }
-  return graph_on != nullptr;
 }
 
-static int graphics_from_terminfo() {
+static void graphics_from_terminfo() {
   const char* pairs = present(acs_chars);
   graph_on = present(enter_alt_charset_mode);
   graph_off = present(exit_alt_charset_mode);
   if (!pairs || !*pairs || !graph_on || !*graph_on || !graph_off || !*graph_off) {
     graph_on = graph_off = nullptr;
-    return 0;
+    return;
   }
   M_putp(present(ena_acs));
   for (int i = 0; i < line_slots; i++) {
@@ -244,10 +243,12 @@ static int graphics_from_terminfo() {
     while (pair[0] && pair[1] && pair[0] != vt100graph[i]) pair += 2;
     if (pair[0] && pair[1]) cxxxgraph[i] = pair[1];
   }
-  return 1;
 }
 
-int initgraphics() { return use_termcap ? graphics_from_termcap() : graphics_from_terminfo(); }
+int initgraphics() {
+  use_termcap ? graphics_from_termcap() : graphics_from_terminfo();
+  return graph_on != nullptr;
+}
 
 void keep_reserve() {
   reserve = malloc(reserve_size);
