@@ -79,6 +79,7 @@ TEST(Lists, AClickOpensTheListOfAnotherField) {
   t.type(down + "\r");
   t.expect_text(1, 4, "[abcd]");
   t.expect_text(4, 4, "[Green  ]");
+  EXPECT_EQ(t.raw().find("\033[H\033[2J"), t.raw().rfind("\033[H\033[2J"));  // cleared once
 }
 
 // On a terminal whose attributes take cells, each entry is drawn with those around it.

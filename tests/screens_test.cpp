@@ -82,7 +82,7 @@ TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
   Terminal t;
   t.file("main", "name:main\nfulls\netext:9,3,9::A::N\nbutton:OK:ok:Y\n");
   t.file("two",
-         "name:two\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\n"
+         "name:a name 20 characters\nfulls\netext:9,6,9::W:DATE:\netext:9,7,9::R::N\n"
          "pbutton:3,9:Save:yes:Y\nbox:20,9,10,9\n");
   t.run({"-f", "main,two"});
   t.type(up + "\033");  // cancelling from a button that validates can be refused too
@@ -105,10 +105,10 @@ TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
 TEST(Screens, ExclusiveCheckboxesClearTheOthersAndPaintTheirText) {
   Terminal t;
   t.env("WHO", "you");
-  t.file("form",
-         "fulls:overlay\ncheckbox:5,2::C\nxcheckbox:5,3:X:P:apple\nxcheckbox:5,4:_:Q:b\n"
-         "xcheckbox:5,5:_:R\natext:12,2\nA\n  B ${WHO}\n\n#C\nendtext:\nbtext:12,2\n\\ two\n");
-  t.run({"-f", "form"});
+  t.form(
+      "fulls:overlay\ncheckbox:5,2::C\nxcheckbox:5,3:X:P:apple\nxcheckbox:5,4:_:Q:b\n"
+      "xcheckbox:5,5:_:R\natext:12,2\nA\n  B ${WHO}\n\n#C\nendtext:\nbtext:12,2\n\\ two\n" +
+      std::string(9000, '\n'));
   t.type(" " + down + "  ");  // unchecks and checks it
   t.expect_screen(2, "\n    [X]     A\n    [X]       B you\n    [ ]\n    [ ]     #C\n");
   t.type(down + " ");
