@@ -78,6 +78,10 @@ check 'two readings' "$two_ways" old old '' 254
 grep -q 'nothing assigned' messages || fail 'two readings' 'no message'
 check 'a name not asked for, and none' \
   "C=\"x\";export C;=\"1,0\";export ;B=\"b\";export B;RETN=ok$newline" old b ok 0
+for name in 'my town' 1st "$(printf 'a\033b')"; do
+  check "an impossible name" "$name=\"x\";export $name;B=\"b\";export B;RETN=ok$newline" old old '' 254
+  grep -q '"[1a-z ]*"; nothing assigned' messages || fail "$name" "$(cat messages)"
+done
 check 'only an action, with a newline of its own' "RETN=x$newline$newline" old old "x$newline" 0
 check 'no answer' '' old old '' 0
 check 'pick list' "SCRIM=-2$newline" old old '' 0 -2
@@ -91,15 +95,43 @@ scrim_read LC_ALL -- -f form
 
 rm -f calls
 ANSWER=
-for call in '1bad -- -f x' 'A;B -- -f x' 'A -f x' '--'; do
+while IFS= read -r call; do
+  got=0
   # shellcheck disable=SC2086 # words
-  (IFS=' ' && scrim_read $call 2>/dev/null) && fail "$call" 'status 0'
-done
+  (IFS=' ' && $call) 2>messages || got=$?
+  usage="usage: ${call%% *} "
+  case $got,$(cat messages) in
+    *"$newline"*) fail "$call" "$(cat messages)" ;;
+    64,"$usage"*) ;;
+    *) fail "$call" "$got $(cat messages)" ;;
+  esac
+done <<'END'
+scrim_read 1bad -- -f x
+scrim_read A;B -- -f x
+scrim_read A -f x
+scrim_read --
+scrim_progress 12 20 a[$(touch${IFS}touched)] 200
+scrim_fit a x
+END
 [ ! -e calls ] || fail 'wrong calls' "$(cat calls)"
+[ ! -e touched ] || fail 'wrong calls' 'a command run'
+
+# fit WANTED TEXT [LENGTH]
+fit() {
+  wanted=$1
+  shift
+  [ "$(scrim_fit "$@")" = "$wanted" ] || fail "fit $1" "$(scrim_fit "$@")"
+}
+fit 'a;b/c$(HOME} d  e' 'a:b\c${HOME} d	'"$newline"e
+fit abc abcdef 3
+fit 'aaK' 'aaKöln' 4
+fit 'aaKö' 'aaKöln' 5
+fit 'aa' 'aa😀' 5
+fit "$(printf '\303\\' | tr '\\' /)" "$(printf '\303\\')"
+[ "$(scrim_fit "$(printf '%0200d' 0)" | wc -c)" -eq 80 ] || fail 'fit without a length' 'another one'
 
 for current in 0 1 9 10 11 19 20 200; do scrim_progress 10 20 "$current" 200; done
 scrim_progress 12 20 200 200
-scrim_progress 12 20 'a[$(touch touched)]' 200 2>/dev/null && fail 'progress of a text' 'status 0'
 [ "$(cat calls)" = "$(printf -- '-t %s\n' 10,20,0,200 10,20,10,200 10,20,20,200 10,20,200,200 \
   12,20,200,200)" ] || fail progress "$(cat calls)"
 [ "$failures" -eq 0 ]

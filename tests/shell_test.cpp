@@ -56,6 +56,39 @@ echo "$?")");
   EXPECT_TRUE(t.raw().ends_with("\033[?1l\033>")) << "the keypad still transmits";
 }
 
+// The calls are the lines of standard input, which no key may come from. A row: the call, a text
+// that its screen shows, what is typed then, the status and A afterwards.
+TEST_P(Shell, AsksInsideALoopOverAFile) {
+  const char* const table[][4] = {
+      {"scrim_read A -- -f form.scrim; RETN=stale", "[FILL  ", "new\n", "0 new"},
+      {"scrim_read A -- -f stdin <form.scrim; RETN=stale", "[FILL  ", "new\n", "0 new"},
+      {"scrim_read -- -l 1 1 one two; A=$SCRIM SCRIM=7 RETN=stale", "two", "\4\r", "0 1"},
+  };
+  std::string calls, results;
+  for (const auto& [call, shown, keys, result] : table) {
+    calls += std::string(call) + "\n";
+    results += std::string(result) + "\n";
+  }
+  Terminal t;
+  t.env("FILLED", "FILL");
+  t.file("calls", calls);
+  start(t, R"sh(set -efu
+SCRIM=7 RETN=stale IFS=0123456789
+while IFS= read -r call; do
+  A=old status=0
+  printf '\033[2J' >&2
+  eval "$call" || status=$?
+  printf '%s %s\n' "$status" "$A"
+done <calls
+echo "$SCRIM,$RETN,$IFS")sh");
+  for (const auto& [call, shown, keys, result] : table) {
+    SCOPED_TRACE(call);
+    t.expect_shown(shown);
+    t.type(keys);
+  }
+  t.expect_exit(0, results + "7,stale,0123456789\n");
+}
+
 INSTANTIATE_TEST_SUITE_P(All, Shell, testing::Values("dash", "bash", "busybox sh", "ksh"));
 
 TEST(Scripts, AreClean) {
