@@ -111,6 +111,12 @@ scrim_read A;B -- -f x
 scrim_read A -f x
 scrim_read --
 scrim_progress 12 20 a[$(touch${IFS}touched)] 200
+scrim_ask a b c d
+scrim_input _scrim_row b
+scrim_password A
+scrim_choose A b
+scrim_choose A-B b c
+scrim_tell
 scrim_fit a x
 END
 [ ! -e calls ] || fail 'wrong calls' "$(cat calls)"

@@ -57,27 +57,62 @@ echo "$?")");
 }
 
 // The calls are the lines of standard input, which no key may come from. A row: the call, a text
-// that its screen shows, what is typed then, the status and A afterwards.
+// that its screen shows, what is typed then, the status and A afterwards. Rows without a call are
+// further screens of the call above.
 TEST_P(Shell, AsksInsideALoopOverAFile) {
   const char* const table[][4] = {
+      {"", "Without a call", "\r", ""},
+      {"scrim_ask Really?", "(Yes)    (No)", "\r", "0 old"},
+      {"scrim_ask \"$long\"", "a:b \"c\" 'd' \\e ${HOME} $HOME `id` _f #g <h (i", "n", "1 old"},
+      {"scrim_ask Köln? 'Y:\\_${H}' '(Yü_s'", "(Y;/_$(H})     ((Y?_s)", "s", "1 old"},
+      {"scrim_input A 'Your\tname?'", "Your    name?", "abc\r\r", "0 abc"},
+      {"scrim_input A Old \"$text\"", "[a;b \"c\" 'd' \\e ${HOME} $HOME", "+\n", "0 fitted+"},
+      {"scrim_input A Older \"$long\"", "Older", "\r\r", "0 long"},
+      {"scrim_input A \"$long\" '\\p'", "[/p ", "\r\r", "0 \\p"},
+      {"scrim_input A Changed? x", "Changed?", "y\033", "2 old"},
+      {"scrim_password A Secret?", "Secret?", "\";A=\"s3cret\r\r", "0 \";A=\"s3cret"},
+      {"scrim_choose A Which? \"$long\" -b '' x", "│a:b \"c\" 'd' \\e ${HOME} $HOME `id` _f #g│",
+       "\r", "0 long"},
+      {"scrim_choose A One -a -b '' x", "│-b│", "\4\r", "0 -b"},
+      {"scrim_choose A None -a -b ''", "│-b│", "\4\4\r", "0 "},
+      {"scrim_choose A \"Tab: $long\" x Z", "│Z│", "\t", "2 old"},
+      {"scrim_choose A Köln 1 2 3 4 5 6 7 8 9 a b c X e f g h i j k l m n o",
+       "Köln                             │2│", "x\r", "0 X"},
+      {"scrim_tell \"$long\"", "xxxxx    ", " ", "0 old"},
+      {"scrim_tell \"$pages\"", "│   (More)  ", "\r", "0 old"},
+      {"", "line 36", " ", ""},
+      {"", "line 40", "\r", ""},
+      {"scrim_ask \"$pages\"", "line 18", "m", "2 old"},
+      {"", "line 36", "\033", ""},
       {"scrim_read A -- -f form.scrim; RETN=stale", "[FILL  ", "new\n", "0 new"},
       {"scrim_read A -- -f stdin <form.scrim; RETN=stale", "[FILL  ", "new\n", "0 new"},
-      {"scrim_read -- -l 1 1 one two; A=$SCRIM SCRIM=7 RETN=stale", "two", "\4\r", "0 1"},
+      {"scrim_read -- -l -b 1 1 one two; A=$SCRIM SCRIM=7 RETN=stale", "│two│", "\4\r", "0 1"},
+      {"_scrim_program=./none; scrim_tell Lost", "none:", "", "3 old"},
   };
   std::string calls, results;
   for (const auto& [call, shown, keys, result] : table) {
-    calls += std::string(call) + "\n";
-    results += std::string(result) + "\n";
+    if (*call) calls += std::string(call) + "\n";
+    if (*call) results += std::string(result) + "\n";
   }
-  Terminal t;
+  Terminal t({.utf8 = true});
+  t.env("LC_ALL", "C.UTF-8");
   t.env("FILLED", "FILL");
   t.file("calls", calls);
   start(t, R"sh(set -efu
+text='a:b "c" '\''d'\'' \e ${HOME} $HOME `id` _f #g <h (i'
+long="$text
+endtext:	$(printf '%0500d' 0 | tr 0 x)"
+pages=$(seq -f 'line %g' 40)
 SCRIM=7 RETN=stale IFS=0123456789
+scrim_tell 'Without a call'
 while IFS= read -r call; do
   A=old status=0
   printf '\033[2J' >&2
   eval "$call" || status=$?
+  case $A in
+    "$long") A=long ;;
+    'a;b "c" '\''d'\'' \e ${HOME} $HOME `id` _f #g <h (i+') A=fitted+ ;;
+  esac
   printf '%s %s\n' "$status" "$A"
 done <calls
 echo "$SCRIM,$RETN,$IFS")sh");
@@ -87,6 +122,7 @@ echo "$SCRIM,$RETN,$IFS")sh");
     t.type(keys);
   }
   t.expect_exit(0, results + "7,stale,0123456789\n");
+  EXPECT_EQ(t.raw().find("s3cret"), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Shell, testing::Values("dash", "bash", "busybox sh", "ksh"));
