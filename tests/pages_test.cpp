@@ -53,6 +53,13 @@ TEST(Pages, EveryOptionHasItsEntryAndCompletions) {
             letters);
 }
 
+TEST(Pages, EveryFunctionOfTheLibraryHasItsEntry) {
+  const words functions = found(source("share/scrim/scrim.sh"), "\n(scrim_[a-z]+)\\(\\)");
+  EXPECT_TRUE(functions.contains("scrim_read"));
+  EXPECT_EQ(found(source("man/scrim.sh.7"), "\n\\.It Ic (scrim_[a-z]+)"), functions);
+  EXPECT_EQ(found(source("man/scrim.sh.7"), "\n\\.Ic (scrim_[a-z]+) (?=Ar|Oo)"), functions);
+}
+
 TEST(Pages, EveryExitStatusHasItsEntry) {
   const words statuses = found(source("src/common/program.h"), "\n  exit_[a-z_]+ = ([0-9]+)");
   const std::string page = source("man/scrim.1");
@@ -62,7 +69,7 @@ TEST(Pages, EveryExitStatusHasItsEntry) {
 
 TEST(Pages, AreCleanMdoc) {
   Terminal t;
-  t.command({"sh", "-c", "mandoc -Tlint -Wwarning " SCRIM_SOURCE "/man/*.[15] 2>&1"});
+  t.command({"sh", "-c", "mandoc -Tlint -Wwarning " SCRIM_SOURCE "/man/*.[157] 2>&1"});
   t.expect_exit(0, "");
 }
 
