@@ -22,6 +22,7 @@ TEST(Package, WorksWhereItIsUnpacked) {
   for (const char* name :
        {"man/man1/scrim.1", "man/man1/scrim-check.1", "man/man1/scrim-drive.1",
         "man/man5/scrim-screen.5", "man/man7/scrim.sh.7", "bash-completion/completions/scrim",
+        "bash-completion/completions/scrim-drive", "fish/vendor_completions.d/scrim-check.fish",
         "zsh/vendor-completions/_scrim", "fish/vendor_completions.d/scrim.fish",
         "vim/vimfiles/syntax/scrim.vim", "scrim/scrim.sh", "doc/scrim/examples/order/who.scrim"})
     EXPECT_TRUE(std::filesystem::is_regular_file(root + "/usr/share/" + name)) << name;

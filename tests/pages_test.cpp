@@ -41,16 +41,42 @@ TEST(Pages, EveryDirectiveHasItsEntry) {
   for (const std::string& keyword : keywords) EXPECT_TRUE(known.contains(keyword)) << keyword;
 }
 
+// The part of the text from `begin` to the next `end`.
+std::string part(const std::string& text, const std::string& begin, const std::string& end) {
+  const size_t start = text.find(begin);
+  EXPECT_NE(start, std::string::npos) << begin;
+  return start == std::string::npos ? "" : text.substr(start, text.find(end, start) - start);
+}
+
+// The options that a function of the bash completions knows.
+words bash_options(const std::string& function) {
+  const std::string body = part(source("share/completions/scrim.bash"), "\n" + function, "\n}");
+  return found(part(body, "_scrim_options '", "' "), "-([A-Za-z])");
+}
+
 TEST(Pages, EveryOptionHasItsEntryAndCompletions) {
   const words letters = found(source("src/driver/main.cpp"), "\n    \\{'(.)', ");
   EXPECT_TRUE(letters.contains("f") && letters.contains("A"));
   EXPECT_EQ(found(source("man/scrim.1"), "\n\\.It Fl (\\S)(?= |\n)"), letters);
-  const std::string bash = source("share/completions/scrim.bash");
-  const size_t list = bash.find("-W '-") + 4;
-  EXPECT_EQ(found(bash.substr(list, bash.find('\'', list) - list), "-([A-Za-z])"), letters);
+  EXPECT_EQ(bash_options("_scrim()"), letters);
   EXPECT_EQ(found(source("share/completions/_scrim"), "\n  '-([A-Za-z])-?\\["), letters);
   EXPECT_EQ(found(source("share/completions/scrim.fish"), "\ncomplete -c scrim -s (\\S) "),
             letters);
+}
+
+TEST(Pages, CompletionsOfTheCompanionsKnowTheirOptions) {
+  for (const std::string name : {"scrim-check", "scrim-drive"}) {
+    const std::string page = source("man/" + name + ".1");
+    words letters;
+    for (const std::string& group : found(part(page, "\n.Sh SYN", "\n.Sh DES"), " Fl ([A-Za-z]+)"))
+      for (const char letter : group) letters.insert(std::string(1, letter));
+    EXPECT_FALSE(letters.empty()) << name;
+    EXPECT_EQ(bash_options("_scrim_" + name.substr(6) + "()"), letters);
+    const std::string zsh = part(source("share/completions/_scrim"), "\n  " + name + ")", ";;");
+    EXPECT_EQ(found(zsh, "[')]-([A-Za-z])\\["), letters);
+    const std::string fish = source("share/completions/scrim.fish");
+    EXPECT_EQ(found(fish, "\ncomplete -c " + name + " -s (\\S) "), letters);
+  }
 }
 
 TEST(Pages, EveryFunctionOfTheLibraryHasItsEntry) {

@@ -1,4 +1,4 @@
-# bash completion for scrim.
+# bash completion for scrim, scrim-check and scrim-drive.
 
 # Adds the names that compgen finds, behind the text given; a directory gets its slash.
 _scrim_names() {
@@ -9,6 +9,14 @@ _scrim_names() {
     [ -d "$name" ] && name+=/
     COMPREPLY+=("$before$name")
   done < <(compgen "$@" | sort -u)
+}
+
+# Adds those of the options in $1 that begin with $2.
+_scrim_options() {
+  local option
+  while IFS= read -r option; do
+    COMPREPLY+=("$option")
+  done < <(compgen -W "$1" -- "$2")
 }
 
 # Completes the last name of a comma-separated list of screen files.
@@ -23,7 +31,7 @@ _scrim_screens() {
 }
 
 _scrim() {
-  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} i name word
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} i word
   COMPREPLY=()
   # The first word without a dash ends the options; -f, -t and -m take words of their own.
   for ((i = 1; i < COMP_CWORD; i++)); do
@@ -43,12 +51,41 @@ _scrim() {
   ((i == COMP_CWORD)) || return
   case $current in
     -[AIUW]*) _scrim_names "${current:0:2}" -f -- "${current:2}" ;;
-    '' | -*)
-      while IFS= read -r name; do
-        COMPREPLY+=("$name")
-      done < <(compgen -W '-l -b -f -e -p -t -m -A -I -U -W -r -T -d -D' -- "$current")
-      ;;
+    '' | -*) _scrim_options '-l -b -f -e -p -t -m -A -I -U -W -r -T -d -D' "$current" ;;
+  esac
+}
+
+_scrim_check() {
+  local current=${COMP_WORDS[COMP_CWORD]}
+  COMPREPLY=()
+  case $current in
+    -*) _scrim_options '-q' "$current" ;;
+    *) _scrim_screens "$current" ;;
+  esac
+}
+
+_scrim_drive() {
+  local current=${COMP_WORDS[COMP_CWORD]} i option=
+  COMPREPLY=()
+  # The command is the first word that is neither an option nor its argument.
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    case $option,${COMP_WORDS[i]} in
+      ,--) ((i++)) && break ;;
+      ,-[rcTkKqwo] | ,-[su]*[rcTkKqwo]) option=${COMP_WORDS[i]} ;;
+      ,-*) ;;
+      ,*) break ;;
+      *) option= ;;
+    esac
+  done
+  case $i,$option,$current in
+    "$COMP_CWORD",*[Ko],*) _scrim_names '' -f -- "$current" ;;
+    "$COMP_CWORD",?*,*) ;;
+    "$COMP_CWORD",,-*) _scrim_options '-s -u -r -c -T -k -K -q -w -o' "$current" ;;
+    "$COMP_CWORD",*) _scrim_names '' -c -- "$current" ;;
+    *) _scrim_names '' -f -- "$current" ;;
   esac
 }
 
 complete -F _scrim scrim
+complete -F _scrim_check scrim-check
+complete -F _scrim_drive scrim-drive

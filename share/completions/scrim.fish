@@ -1,4 +1,4 @@
-# fish completion for scrim.
+# fish completion for scrim, scrim-check and scrim-drive.
 
 # The list of screen files being typed, completed at its last name.
 function __scrim_screens
@@ -31,3 +31,18 @@ complete -c scrim -s r -d 'Highlight by the standout string'
 complete -c scrim -s T -d 'Describe the terminal by termcap'
 complete -c scrim -s d -d 'Test the keys'
 complete -c scrim -s D -d 'Dump the terminal strings'
+
+complete -c scrim-check -f -a '(__scrim_screens)'
+complete -c scrim-check -s q -d 'Print nothing'
+
+complete -c scrim-drive -x -a '(__fish_complete_subcommand -r -c -T -k -K -q -w -o)'
+complete -c scrim-drive -s s -d 'Print the picture as SVG'
+complete -c scrim-drive -s u -d 'The command draws UTF-8'
+complete -c scrim-drive -s r -x -d 'Rows of the terminal'
+complete -c scrim-drive -s c -x -d 'Columns of the terminal'
+complete -c scrim-drive -s T -x -d 'Type of the terminal'
+complete -c scrim-drive -s k -x -d 'Type keys'
+complete -c scrim-drive -s K -r -F -d 'Type the keys in a file'
+complete -c scrim-drive -s q -x -d 'Silence before the next step'
+complete -c scrim-drive -s w -x -d 'Time for the command to end'
+complete -c scrim-drive -s o -r -F -d 'Where the picture goes'
