@@ -114,4 +114,25 @@ TEST(Examples, OneShotModesTogether) {
   t.expect_exit(0, "");
 }
 
+// Each question shows its text once its screen is there.
+TEST(Examples, QuestionsOneAfterAnother) {
+  Terminal t;
+  t.env("USER", "ann");
+  t.command({example("questions/questions.sh")});
+  const char* const answers[][2] = {
+      {"[ann   ", " lee\r\r"},
+      {"│The roof: if it is dry│", " \r"},
+      {"need the projector?", "n"},
+      {"ann lee need the coffee?", "\r"},
+      {"[ann lee; Hall (40), coffee", "!\r\r"},
+      {"Your password books it:", "secret\n"},
+      {"of 6 characters:", "\r"},
+  };
+  for (const auto& [shown, keys] : answers) {
+    t.expect_shown(shown);
+    t.type(keys);
+  }
+  t.expect_exit(0, "ann lee; Hall (40), coffee!\n");
+}
+
 }  // namespace scrim
