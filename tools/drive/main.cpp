@@ -78,6 +78,7 @@ static drive_options read_options(int count, char** words) {
   drive_options options;
   std::string letters = "+";  // the options end at the command
   for (const option_row& row : option_rows) letters += row.letter;
+  opterr = 0;  // the usage text says it all, without the word that was typed
   for (int letter; (letter = getopt(count, words, letters.c_str())) != -1;)
     take_option(options, letter);
   if (optind >= count) show_usage();

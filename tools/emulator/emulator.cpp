@@ -4,6 +4,8 @@
 
 #include "tools/emulator/emulator.h"
 
+#include "common/program.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
@@ -92,7 +94,8 @@ struct session {
   std::vector<char*> environment = pointers(variables), arguments = pointers(own.arguments);
   environ = environment.data();
   execvp(arguments[0], arguments.data());
-  dprintf(STDERR_FILENO, "%s: %s\r\n", arguments[0], std::strerror(errno));
+  complain({arguments[0], ": ", std::strerror(errno)});
+  fflush(stderr);
   _exit(127);
 }
 
