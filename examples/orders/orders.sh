@@ -102,11 +102,11 @@ ask() {
   return 1
 }
 
-# keep_typed: what was typed, for the form to begin with when it is shown again; a colon would end the
-# item there.
+# keep_typed: what was typed, for the form to begin with when it is shown again.
 keep_typed() {
   while IFS= read -r line; do
-    typed=$(printf '%s\n' "${line#* }" | sed "s/^to_date('\([^']*\)'.*/\1/; s/^'\(.*\)'\$/\1/; y/:/ /")
+    typed=$(printf '%s\n' "${line#* }" | sed "s/^to_date('\([^']*\)'.*/\1/; s/^'\(.*\)'\$/\1/")
+    typed=$(scrim_fit "$typed")
     case ${line%% *} in
       NAME) CUSTOMER_NAME=$typed ;;
       TOWN) CUSTOMER_TOWN=$typed ;;
@@ -137,8 +137,10 @@ search() {
     message='Nobody was found.'
     return
   fi
+  # A letter outside ASCII takes more bytes than columns, and a row with such letters does not reach
+  # the end of the window: what another row had there stays. So all rows end in 16 blanks.
   while IFS=$unit read -r id name town since credit; do
-    printf '%-26.26s %-20.20s %-10.10s %12.12s\n' "$name" "$town" "$since" "$credit"
+    printf '%12.12s %-10.10s %-19.19s %-12.12s\n' "$credit" "$since" "$name" "$town"
   done <rows >list
   FOUND=list POSITION=1,0
   export FOUND
@@ -146,11 +148,11 @@ search() {
   [ "$RETN" = change ] && change "${POSITION%,*}"
 }
 
-# change NUMBER: the row of that number among those found. A colon would end the item in the screen
-# file and is shown as a blank; only a field that the user changes is written, so the row keeps it.
+# change NUMBER: the row of that number among those found. The form shows values made to fit; only a
+# field that the user changes is written, so the row keeps what the others have.
 change() {
-  IFS=$unit read -r id CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT <<END
-$(sed -n "$1{y/:/ /;p;}" rows)
+  IFS=$unit read -r id name town since credit <<END
+$(sed -n "$1p" rows)
 END
   # Below the rows there is none. What stands in a statement has to be a number.
   case ${id#-} in
@@ -159,6 +161,8 @@ END
       return
       ;;
   esac
+  CUSTOMER_NAME=$(scrim_fit "$name") CUSTOMER_TOWN=$(scrim_fit "$town")
+  CUSTOMER_SINCE=$(scrim_fit "$since") CUSTOMER_CREDIT=$(scrim_fit "$credit")
   export CUSTOMER_NAME CUSTOMER_TOWN CUSTOMER_SINCE CUSTOMER_CREDIT
   ask -U change.scrim || return
   message='Nothing was changed.'
