@@ -68,8 +68,7 @@ TEST(Screens, ErrorsEndTheProgramWithAMessage) {
 // What has been typed survives a pop-up that finds no room.
 TEST(Screens, APopUpOnAFullStackIsRefused) {
   Terminal t;
-  t.file("main", "name:main\nfulls:clear\nbdefault:^main\netext:9,3,5::A\n");
-  t.run({"-f", "main"});
+  t.form("name:main\nfulls:clear\nbdefault:^main\netext:9,3,5::A\n");
   t.type("x" + std::string(22, '\n') + "y\n");
   t.expect_shown("pop up screen main from main unsuccessful");
   t.type(" ");

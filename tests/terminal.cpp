@@ -121,26 +121,17 @@ void Terminal::expect_shown(std::string_view text, test_line where) {
   expect(std::string(text), found, where);
 }
 
-void Terminal::expect_run(const char* what, bool screen_cell::*attribute, int row, int column,
-                          int width, test_line where) {
-  auto described = [&](int start, int cells) {
-    return std::to_string(cells) + " cells in " + what + " from " + place(row, start);
+void Terminal::expect_reverse(int row, int column, int width, test_line where) {
+  auto described = [row](int start, int cells) {
+    return std::to_string(cells) + " cells in reverse from " + place(row, start);
   };
   auto found = [&] {
     int start = column, end = column;
-    while (emulator.cell(row, end).*attribute) end++;
-    while (end > column && emulator.cell(row, start - 1).*attribute) start--;
+    while (emulator.cell(row, end).reverse) end++;
+    while (end > column && emulator.cell(row, start - 1).reverse) start--;
     return described(start, end - start);
   };
   expect(described(column, width), found, where);
-}
-
-void Terminal::expect_reverse(int row, int column, int width, test_line where) {
-  expect_run("reverse", &screen_cell::reverse, row, column, width, where);
-}
-
-void Terminal::expect_underline(int row, int column, int width, test_line where) {
-  expect_run("underline", &screen_cell::underline, row, column, width, where);
 }
 
 void Terminal::expect_cursor(int row, int column, test_line where) {

@@ -57,9 +57,8 @@ class Terminal {
   void expect_text(int row, int column, std::string_view text, test_line where = test_line::here());
   void expect_shown(std::string_view text, test_line where = test_line::here());  // in any row
 
-  // A run of exactly `width` cells starts at the column; width 0: the cell has no such attribute.
+  // A run of exactly `width` cells in reverse starts at the column; width 0: its cell is not.
   void expect_reverse(int row, int column, int width, test_line where = test_line::here());
-  void expect_underline(int row, int column, int width, test_line where = test_line::here());
   void expect_cursor(int row, int column, test_line where = test_line::here());
 
   // The end: exit code (or 128 + signal number), all of the collected standard output, and line
@@ -78,8 +77,6 @@ class Terminal {
  private:
   void expect(const std::string& wanted, const std::function<std::string()>& found,
               test_line where);
-  void expect_run(const char* what, bool screen_cell::*attribute, int row, int column, int width,
-                  test_line where);
 
   std::string directory_;
 };
