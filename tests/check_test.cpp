@@ -5,9 +5,6 @@
 #include "tools/check/line_rules.h"
 
 #include <filesystem>
-#include <string>
-#include <string_view>
-#include <tuple>
 
 #include <gtest/gtest.h>
 

@@ -14,26 +14,20 @@ static std::string example(const std::string& name) { return SCRIM_SOURCE "/exam
 TEST(Examples, OrderIsCheckedOverAllPages) {
   Terminal t;
   t.command({example("order/order.sh")});
-  t.type(kPageDown);
+  t.type("<PgDn>");
   t.expect_shown("Article          [Anvil     ]");
-  t.type(kPageDown);
-  t.type(" ");
+  t.type("<PgDn> ");
   t.expect_shown("Somebody has to sign for it.");
   t.expect_text(5, 5, "[ ]");
-  t.type("\n");
+  t.type("<LF>");
   t.expect_shown("Missing value in required field!");
   t.expect_shown("New order: who (1 of 3)");
-  t.type("x");
-  t.type("Miller" + std::string(kDown) + kDown + kDown + kRight);
-  t.type("\r");
+  t.type("xMiller<Down><Down><Down><Right><Enter>");
   t.expect_shown("Dates are month/day/year: 12/31/2026.");
-  t.type("\r");
+  t.type("<Enter>");
   t.expect_row(3,
                "│      Customer    [Miller                        ]                           │");
-  t.type(std::string(kPageDown) + kF3 + "h\r\t" + kBackspace + "12");
-  t.type(kDown);
-  t.type(" ");
-  t.type(std::string(kPageDown) + "\n");
+  t.type("<PgDn><F3>h<Enter><Tab><BS>12<Down> <PgDn><LF>");
   const std::string printed = t.expect_end(0);
   EXPECT_TRUE(printed.starts_with("Customer: Miller <>\nOrder:    12 of Hammer, by courier\n"))
       << printed;
@@ -47,8 +41,7 @@ TEST(Examples, LogLineIsHandedBack) {
   t.command({example("logview/logview.sh")});
   t.expect_text(2, 3, "10:11:00 job 1 finished");
   t.expect_reverse(2, 3, 73);
-  t.type(std::string(kPageDown) + kPageDown + kDown + kDown);
-  t.type("a");
+  t.type("<PgDn><PgDn><Down><Down>a");
   t.expect_text(2, 3, "10:41:00 job 31 finished");
   t.expect_reverse(4, 3, 73);
   t.type("s");
@@ -58,22 +51,27 @@ TEST(Examples, LogLineIsHandedBack) {
 // Each form filled in with text and Enter alone: Enter goes on, and ends on the button that saves.
 TEST(Examples, EnterWalksForward) {
   static const char* const walks[][3] = {
-      {"customer/customer.sh", "Smith\rMain St\r53111\rBonn\r/99\r42.5\rpw\r\r",
+      {"customer/customer.sh",
+       "Smith<Enter>Main St<Enter>53111<Enter>Bonn<Enter>/99<Enter>42.5<Enter>pw<Enter><Enter>",
        "Name:   Smith\nStreet: Main St\nTown:   53111 Bonn\nSince:  01/02/1999 00 00 00\n"
        "Credit: 42.5\nPassword of 2 characters\n"},
-      {"order/order.sh", "Miller\rm@x\r/99\r\rH\r2\r \r\r\r\r\r\r1/31/99\r\r",
+      {"order/order.sh",
+       "Miller<Enter>m@x<Enter>/99<Enter><Enter>H<Enter>2<Enter> "
+       "<Enter><Enter><Enter><Enter><Enter><Enter>1/31/99<Enter><Enter>",
        "Customer: Miller <m@x>\nOrder:    12 of Hammer, by mail\nOrdered:  01/02/1999 00 00 00\n"
        "By:       01/31/1999 00 00 00\nGift wrapped\nWith invoice\n"},
-      {"logview/logview.sh", "\r\r", "10:11:00 job 1 finished with status 0\n"},
+      {"logview/logview.sh", "<Enter><Enter>", "10:11:00 job 1 finished with status 0\n"},
       // Two pages of the tour begin on a button that Enter would press: a hot key leads on.
-      {"tour/tour.sh", "!\r2\r\r12\r\r \r\r \r\rC\r\rn\r\re",
+      {"tour/tour.sh",
+       "!<Enter>2<Enter><Enter>12<Enter><Enter> <Enter><Enter> "
+       "<Enter><Enter>C<Enter><Enter>n<Enter><Enter>e",
        "The form was left with RETN=end. The script now has\n  NAME=Ann Smith!\n  PIECES=32\n"
        "  DUE=12/31/2026\n  PIN of 2 characters\n  GIFT=_\n  PAPER=_\n  MAIL=X COURIER=_\n"
        "  STATE=Closed\n  LINE=4,0\n"},
-      {"cd .. && eval \"$(sed -n '/^```sh$/,/^```$/{/^```/!p;}' README.md)\"", "Ann\r\r",
+      {"cd .. && eval \"$(sed -n '/^```sh$/,/^```$/{/^```/!p;}' README.md)\"", "Ann<Enter><Enter>",
        "Hello, Ann\n"},
       {"sed -n '/^# customer/,/^\\.Ed/{/^\\.Ed/!p;}' ../man/scrim-screen.5 | scrim -f stdin",
-       "Smith\r1/2/99\rC\r \r \r\r",
+       "Smith<Enter>1/2/99<Enter>C<Enter> <Enter> <Enter><Enter>",
        "MAIL=\"X\";export MAIL;PRINT=\"X\";export PRINT;STATE=\"Closed\";export STATE;"
        "DUE=\"01/02/1999 00 00 00\";export DUE;CUST=\"Smith\";export CUST;RETN=ok\n"}};
   for (const auto& [command, keys, printed] : walks) {
@@ -83,7 +81,7 @@ TEST(Examples, EnterWalksForward) {
     t.env("ORDER_DATE", "1/2");
     t.env("USER", "");
     t.env("MAIL", "_");
-    t.command({"sh", "-c", "cd " + example("") + " && " + command});
+    t.shell("cd " + example("") + " && " + command);
     t.type(keys);
     t.expect_exit(0, printed);
   }
@@ -92,25 +90,23 @@ TEST(Examples, EnterWalksForward) {
 TEST(Examples, FindTheLibraryThroughLinks) {
   Terminal t;
   t.env("AT", example("customer/customer.sh"));
-  t.command(
-      {"sh", "-c",
-       "mkdir bin && ln -s \"$(command -v scrim)\" bin && ln -s \"$AT\" form && PATH= ./form 2>&1;"
-       " PATH=$PWD/bin:/usr/bin:/bin ./form"});
-  t.type("\030");
+  t.shell(R"sh(mkdir bin && ln -s "$(command -v scrim)" bin && ln -s "$AT" form
+PATH= ./form 2>&1; PATH=$PWD/bin:/usr/bin:/bin ./form)sh");
+  t.type("<Ctrl-X>");
   t.expect_exit(0, "scrim is not on PATH\nNothing saved (cancel).\n");
 }
 
 TEST(Examples, OneShotModesTogether) {
   Terminal t;
   t.command({example("oneshot/oneshot.sh")});
-  t.type("\r");
+  t.type("<Enter>");
   t.expect_shown(" lines.");
   t.expect_reverse(10, 30, 20);
   t.expect_reverse(4, 6, 13);
-  t.type(std::string(kDown) + "\r");
+  t.type("<Down><Enter>");
   t.expect_shown("There is no file /none");
   t.type("x");
-  t.type("Q\r");
+  t.type("Q<Enter>");
   t.expect_exit(0, "");
 }
 

@@ -3,6 +3,8 @@
 
 #include "tests/terminal.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -12,12 +14,12 @@ namespace scrim {
 static const char form[] = "fulls:clear\netext:10,3,20:${V}:A:CHAR\nbutton:_OK:ok\n";
 
 // How long a program that waits for a key lives on without its terminal, in ms.
-static int64_t time_to_end(const std::string& line) {
+static std::int64_t time_to_end(const std::string& line) {
   Terminal t;
   t.file("a.scrim", form);
   t.shell(line);
   EXPECT_FALSE(t.emulator.ended()) << line;
-  const int64_t start = milliseconds();
+  const std::int64_t start = milliseconds();
   t.emulator.hang_up();
   while (!t.emulator.ended() && milliseconds() < start + 2000) t.emulator.pump(5);
   return milliseconds() - start;
@@ -28,7 +30,7 @@ static int64_t time_to_end(const std::string& line) {
 TEST(Faults, ALostTerminalEndsTheProgramAtOnce) {
   for (const std::string mode : {"-f a.scrim", "-l 5 3 a b", "-e message", "-d"}) {
     for (const std::string trap : {"", "trap '' HUP; "}) {
-      int64_t fastest = 2000;
+      std::int64_t fastest = 2000;
       for (int i = 0; i < 3 && fastest >= 200; i++)
         fastest = std::min(fastest, time_to_end(trap + "exec scrim " + mode));
       EXPECT_LT(fastest, 200) << trap << mode;
@@ -39,21 +41,21 @@ TEST(Faults, ALostTerminalEndsTheProgramAtOnce) {
 TEST(Faults, KeysFromAFileAndTheirEnd) {
   // What is run, its keys, exit status and output.
   const std::tuple<std::string, std::string, int, const char*> cases[] = {
-      {"-f a.scrim <keys", "Ann\n", 0, "A=\"Ann\";export A;RETN=default\n"},
-      {"-f a.scrim <keys", "Ann\033OB\r", 0, "A=\"Ann\";export A;RETN=ok\n"},
+      {"-f a.scrim <keys", "Ann<LF>", 0, "A=\"Ann\";export A;RETN=default\n"},
+      {"-f a.scrim <keys", "Ann<Down><Enter>", 0, "A=\"Ann\";export A;RETN=ok\n"},
       {"-f a.scrim <keys", "Ann", 4, ""},
       {"-f a.scrim <keys", "", 4, ""},
       {"-f a.scrim <.", "", 4, ""},  // a directory cannot be read
-      {"-l 5 3 a b <keys", "\033OB", 4, ""},
+      {"-l 5 3 a b <keys", "<Down>", 4, ""},
       {"-e message <keys", "", 0, ""},
       {"-f bad.scrim <keys", "", 2, ""},
   };
   for (const auto& [line, keys, status, output] : cases) {
-    SCOPED_TRACE(line + " " + testing::PrintToString(keys));
+    SCOPED_TRACE(line + " " + keys);
     Terminal t;
     t.file("a.scrim", form);
     t.file("bad.scrim", "nonsense\n");
-    t.file("keys", keys);
+    t.file("keys", t.bytes(keys));
     t.shell("exec scrim " + line);
     t.expect_exit(status, output);
   }
@@ -69,7 +71,7 @@ TEST(Faults, OddTerminals) {
     t.emulator.pump(300);  // longer than the bytes of a key are waited for
     t.type("A");
     t.expect_shown("A");
-    t.type("n" + std::string(kLeft) + "n\033");
+    t.type("n<Left>n<Esc>");
     t.expect_cursor(setup.rows - 1, 0);
     t.expect_exit(0, "A=\"Ann\";export A;RETN=cancel\n");
   }
@@ -89,7 +91,7 @@ TEST(Faults, NothingOfALongTextIsLost) {
 static void load(const std::string& content, int status, const std::string& shown) {
   Terminal t;
   t.form(content);
-  if (!t.emulator.ended()) t.type("\033");
+  if (!t.emulator.ended()) t.type("<Esc>");
   t.expect_exit(status, status == 0 && !content.empty() ? "RETN=cancel\n" : "");
   EXPECT_NE(t.raw().find(shown), std::string::npos) << content.substr(0, 100);
 }
@@ -117,7 +119,7 @@ TEST(Faults, AThousandScreensAndAHundredThousandGadgets) {
   t.file("a.scrim", form);
   t.file("many.scrim", many);
   t.run({"-f", list + "many.scrim"});
-  t.type("\033");
+  t.type("<Esc>");
   t.expect_exit(0, "RETN=cancel\n");
 }
 
@@ -125,10 +127,11 @@ TEST(Faults, AThousandScreensAndAHundredThousandGadgets) {
 TEST(Faults, ValuesCannotDriveTheTerminal) {
   const std::string hostile = "\033[13z\033]0;t\a\x9b\nx";
   for (const std::string& value : {hostile, std::string(100'000, 'v')}) {
+    SCOPED_TRACE(value.size());
     Terminal t;
     t.env("V", value);
     t.form(std::string("title:${V}\n") + form + "text:\n ${V}\nendtext:\n");
-    t.type("!\033");
+    t.type("!<Esc>");
     t.expect_exit(0,
                   (value == hostile ? "A=\"" + hostile + "!\";export A;" : "") + "RETN=cancel\n");
     EXPECT_EQ(t.raw().find("\033[13z"), std::string::npos);
@@ -169,11 +172,9 @@ TEST(Faults, AFileThatIsWrittenToDoesNotHoldUpTheForm) {
   Terminal t;
   t.file("log", std::string(3'000'000, '\n'));
   t.file("s", "fulls:clear\nswin:1,1,20,6:log:V\n");
-  t.shell(
-      "dd if=/dev/zero bs=1M count=400 2>/dev/null | tr '\\0' '\\n' >>log & "
-      "exec scrim -f s");
+  t.shell("head -c 400M /dev/zero | tr '\\0' '\\n' >>log & exec scrim -f s");
   t.expect_text(1, 1, "┌──────────────────┐");
-  t.type("\033");
+  t.type("<Esc>");
   t.expect_exit(0, "RETN=cancel\n");
 }
 
@@ -188,7 +189,7 @@ TEST(Faults, ResultsThatNobodyTakes) {
     t.file("a.scrim", many);
     t.shell("scrim " + std::string(line));
     t.type(" ");
-    t.type("\033");
+    t.type("<Esc>");
     t.expect_end(0);
   }
 }

@@ -16,16 +16,16 @@ TEST(Form, GadgetsAreMarkedOnEveryKindOfTerminal) {
     SCOPED_TRACE(cookie);
     Terminal t({.term = cookie ? "scrim-cookie" : "scrim-plain"});
     t.form(customer);
-    t.type("\t123\x15\x15");
+    t.type("<Tab>123<Ctrl-U><Ctrl-U>");
     t.expect_screen(2, R"(
     Name [Johnso]
     Pin  [***   ]
   +----------------------------+
   | (Ok)    <Exit>   Help      |
 )");
-    t.type("\t\t\t");
+    t.type("<Tab><Tab><Tab>");
     t.expect_reverse(5, cookie ? 3 : 4, 4);
-    t.type("\t\x15");  // a button that was active looks as before
+    t.type("<Tab><Ctrl-U>");  // a button that was active looks as before
     t.expect_row(5, "  | (Ok)    <Exit>   Help      |");
     for (int column : {4, 5, 6, 14})  // of the active button and of another one
       EXPECT_EQ(t.emulator.cell(5, column).underline, !cookie && column != 4 && column != 6);
@@ -52,15 +52,16 @@ TEST(Form, WindowsCoverWhatTheirKindSays) {
 
 TEST(Form, KeysFollowTheNeighbours) {
   const std::pair<const char*, int> walk[] = {
-      {"", 0},     {kLeft, 0},  {kUp, 3},    {kLeft, 4}, {kLeft, 2},  {kDown, 3},
-      {kDown, 0},  {"\t", 1},   {"\x15", 3}, {kUp, 2},   {"\t", 4},   {kUp, 2},
-      {kUp, 3},    {kRight, 0}, {"\t", 1},   {kDown, 4}, {"\x12", 3}, {"\t", 0},
-      {"\x04", 4}, {"\x0c", 2}, {"\r", 1},   {"\r", 0},  {"\r", 4},   {kBackspace, 2}};
+      {"", 0},        {"<Left>", 0},   {"<Up>", 3},    {"<Left>", 4},   {"<Left>", 2},
+      {"<Down>", 3},  {"<Down>", 0},   {"<Tab>", 1},   {"<Ctrl-U>", 3}, {"<Up>", 2},
+      {"<Tab>", 4},   {"<Up>", 2},     {"<Up>", 3},    {"<Right>", 0},  {"<Tab>", 1},
+      {"<Down>", 4},  {"<Ctrl-R>", 3}, {"<Tab>", 0},   {"<Ctrl-D>", 4}, {"<Ctrl-L>", 2},
+      {"<Enter>", 1}, {"<Enter>", 0},  {"<Enter>", 4}, {"<BS>", 2}};
   const int places[][3] = {{2, 2, 9}, {2, 30, 9}, {2, 55, 9}, {21, 60, 4}, {21, 46, 4}};
   Terminal t;
   t.form("etext:2,2,9\netext:30,2,9\netext:55,2,9\npbutton:60,21:Ok\npbutton:46,21:No\n");
   for (const auto& [key, gadget] : walk) {
-    SCOPED_TRACE(testing::PrintToString(key) + " to " + std::to_string(gadget));
+    SCOPED_TRACE(key + (" to " + std::to_string(gadget)));
     t.type(key);
     t.expect_cursor(places[gadget][0], places[gadget][1] - (gadget > 2));
     for (const auto& [row, column, width] : places)
@@ -71,7 +72,7 @@ TEST(Form, KeysFollowTheNeighbours) {
 // Runs the form, types the keys, and returns once it has ended as expected.
 static void leave(const std::string& content, const std::string& keys, const std::string& output,
                   const char* term = "xterm", const char* library = "-") {
-  SCOPED_TRACE(testing::PrintToString(keys) + " on " + term);
+  SCOPED_TRACE(keys + " on " + term + " " + library);
   Terminal t({.term = term});
   t.file("s", content);
   t.run({library, "-f", "s"});
@@ -82,41 +83,40 @@ static void leave(const std::string& content, const std::string& keys, const std
 TEST(Form, RunsAndIsLeftOnEveryTerminal) {
   for (const char* term : {"tmux-256color", "vt100", "linux", "ansi", "dumb", "scrim-blind"})
     for (const char* library : {"-", "-T"})
-      leave(customer, "\t\tx!o", "RETN=quit\n", term, library);
+      leave(customer, "<Tab><Tab>x!o", "RETN=quit\n", term, library);
 }
 
 TEST(Form, IsLeftByItsActions) {
   const std::string form =
       "etext:2,2,9::V\npbutton:2,4:_Go:go\npbutton:9,4:i_t:it\npbutton:19,4:_9\n";
   const std::pair<const char*, std::string> cases[] = {
-      {"\n", "done"},   {"\033OP", "done"},   {"\t\n", "go"},       {"\t\r", "go"},
-      {"\tg", "go"},    {"\tT", "it"},        {"\t\t\033OP", "it"}, {"\t9", ""},
-      {"\t\t\t\r", ""}, {"\033OQ", "cancel"}, {"\x18", "cancel"},   {"\tzi! \033OR\033", "cancel"},
+      {"<LF>", "done"},         {"<F1>", "done"},       {"<Tab><LF>", "go"},
+      {"<Tab><Enter>", "go"},   {"<Tab>g", "go"},       {"<Tab>T", "it"},
+      {"<Tab><Tab><F1>", "it"}, {"<Tab>9", ""},         {"<Tab><Tab><Tab><Enter>", ""},
+      {"<F2>", "cancel"},       {"<Ctrl-X>", "cancel"}, {"<Tab>zi! <F3><Esc>", "cancel"},
   };
   for (const auto& [keys, action] : cases)
     leave(form + "bdefault:done\n", keys, "RETN=" + action + "\n");
-  leave(form, "\n", "RETN=default\n");
-  leave(form + "bdefault\n", "\t\033[3~\033[5~\033OS\033OA\n", "RETN=\n");
-  leave(form, "g9\033OD\033OC\033OD\033[3~\033OQ", "V=\"g\";export V;RETN=cancel\n");
+  leave(form, "<LF>", "RETN=default\n");
+  leave(form + "bdefault\n", "<Tab><Del><PgUp><F4><Up><LF>", "RETN=\n");
+  leave(form, "g9<Left><Right><Left><Del><F2>", "V=\"g\";export V;RETN=cancel\n");
 }
 
 TEST(Form, ClicksReachTheGadgetUnderThem) {
   const std::string form =
       "text:\nA line across the fields\nendtext:\ndetext:2,2,9:ab:V\netext:20,2,5::W\n";
   const std::string at_v = "V=\"abx\";export V;", at_w = "W=\"x\";export W;";
-  const std::pair<std::string, std::string> cases[] = {
-      {"20;2X\033>3;20;2", at_w}, {"25;2X\033>3;25;2", at_w}, {"26;2X\033>3;26;2", at_v},
-      {"20;3X\033>3;20;3", at_v}, {"25;2X\033>3;24;2", at_v},
-  };
-  for (const auto& [report, output] : cases)
-    leave(form, "\033>2;" + report + "Xx\n", output + "RETN=default\n");
-  leave(form + "pbutton:2,4:Save:save\n", "\033>2;8;4X\033>3;8;4X", "RETN=save\n");
+  for (const std::string& mouse : {click(20, 2), click(25, 2)})
+    leave(form, mouse + "x<LF>", at_w + "RETN=default\n");
+  for (const std::string& mouse : {click(26, 2), click(20, 3), press(25, 2) + release(24, 2)})
+    leave(form, mouse + "x<LF>", at_v + "RETN=default\n");
+  leave(form + "pbutton:2,4:Save:save\n", click(8, 4), "RETN=save\n");
 }
 
 TEST(Form, StartsOnATextLineThatComesFirst) {
   const std::string form = "text:\nChoose\none\nendtext:\netext:2,5,9::V\npbutton:2,7:_Ok:ok\n";
-  leave(form, "\t\033OBx\n", "RETN=\n");    // it leads nowhere, and its action is empty
-  leave(form, "\r\033OA\rO", "RETN=ok\n");  // back past the lines, to the last gadget
+  leave(form, "<Tab><Down>x<LF>", "RETN=\n");       // it leads nowhere, and its action is empty
+  leave(form, "<Enter><Up><Enter>O", "RETN=ok\n");  // back past the lines, to the last gadget
 }
 
 }  // namespace scrim

@@ -13,29 +13,28 @@ static std::string decoded(const std::string& term, const std::string& library,
                            const std::string& typed) {
   Terminal t({.term = term});
   t.run({library, "-d"});
-  t.type(typed + "\033");
+  t.type(typed + "<Esc>");
   const std::regex line("[^]*?\n\rKey = (XKEY_)?(\\S+)|\n\r");
   return std::regex_replace(t.expect_end(0), line, "$2 ");
 }
 
 TEST(Keys, BytesAreDecodedAsTheTerminalDescribesThem) {
   const std::string cases[][4] = {
-      {"xterm", "-", "a\xe4\x80\x0b\x0c\n\r\t", "97 -28 -128 11 12 10 13 9"},
-      {"xterm", "-", "\033OA\033OB\033OD\033OC", "UP DOWN LEFT RIGHT"},
-      {"xterm", "-", "\033[3~\033[6~\033[5~\177", "DELETE NEXT PREV BACKSPACE"},
-      {"xterm", "-", "\033OP\033OQ\033OR\033OS\033[24~", "F1 F2 F3 F4 F4"},
-      {"xterm", "-", "\033[15~\033[17~\033[18~\033[19~\033[20~\033[21~\033[23~",
-       "F4 F4 F4 F4 F4 F4 F4"},
+      {"xterm", "-", "a\xe4\x80<Ctrl-K><Ctrl-L><LF><Enter><Tab>", "97 -28 -128 11 12 10 13 9"},
+      {"xterm", "-", "<Up><Down><Left><Right>", "UP DOWN LEFT RIGHT"},
+      {"xterm", "-", "<Del><PgDn><PgUp><BS>", "DELETE NEXT PREV BACKSPACE"},
+      {"xterm", "-", "<F1><F2><F3><F4><F12>", "F1 F2 F3 F4 F4"},
+      {"xterm", "-", "<F5><F6><F7><F8><F9><F10><F11>", "F4 F4 F4 F4 F4 F4 F4"},
       {"xterm", "-",
        "\033[1;2P\033[1;2Q\033[1;2R\033[1;2S\033[15;2~\033[17;2~\033[18;2~\033[19;2~\033[20;2~"
        "\033[21;2~\033[23;2~\033[24;2~",
        "F4 F4 F4 F4 F4 F4 F4 F4 F4 F4 F4 F4"},
       // A key that begins with the whole of an earlier one is never recognised.
-      {"scrim-keys", "-", "\033[20x\033[21x\033[C~\033[29x", "NULL F1 RIGHT 126 F4"},
-      {"scrim-keys", "-T", "\033[21x\033[22x\033[29x\033[U\033[V", "NULL F1 F4 NEXT PREV"},
-      {"scrim-gcaps", "-T", "\b\033[1P\177", "BACKSPACE NEXT 127"},
-      {"scrim-cookie", "-", "\x0b\x0c\n\b\r", "UP RIGHT DOWN BACKSPACE 13"},
-      {"dumb", "-", "\033>2;10;5X\033>3;10;5X\033>X", "NULL MOUSE MOUSE"},
+      {"scrim-keys", "-", "\033[20x<F1><F4>\033[29x", "NULL F1 RIGHT 126 F4"},
+      {"scrim-keys", "-T", "<F1><F2>\033[29x<PgDn><PgUp>", "NULL F1 F4 NEXT PREV"},
+      {"scrim-gcaps", "-T", "<Ctrl-H>\033[1P<Ctrl-?>", "BACKSPACE NEXT 127"},
+      {"scrim-cookie", "-", "<Ctrl-K><Ctrl-L><LF><BS><Enter>", "UP RIGHT DOWN BACKSPACE 13"},
+      {"dumb", "-", click(10, 5) + "<Esc>>X", "NULL MOUSE MOUSE"},
   };
   for (const auto& [term, library, typed, keys] : cases) {
     SCOPED_TRACE(term + " " + testing::PrintToString(typed));
@@ -55,7 +54,7 @@ TEST(Keys, NothingTypedIsLostWhenNoKeyMatches) {
     SCOPED_TRACE(value);
     Terminal t({.term = "scrim-keys", .nonblocking = value[0] == '['});
     t.form("etext:2,2,40::V:CHAR:N\nbdefault:ok:Y\n");
-    for (const char* bytes : {"\n", typed, later, "\n"}) t.type(bytes);
+    for (const char* bytes : {"\n", typed, later, "\n"}) t.type_bytes(bytes);
     t.expect_exit(0, std::string("V=\"") + value + "\";export V;RETN=ok\n");
   }
 }

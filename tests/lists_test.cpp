@@ -2,23 +2,27 @@
 
 #include "tests/terminal.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include <gtest/gtest.h>
 
 namespace scrim {
 
 using words = std::vector<std::string>;
-const std::string down = kDown;
 
 TEST(Lists, KeysAndMousePickAnEntry) {
   const std::pair<int, words> cases[] = {
-      {0, {"\r", " \004 \004\r", " \025\033OA\r", "eA\r", "l\r", "\033>2;12;7X\r"}},
-      {1, {down + "\n", "d\r", " \033[5~\r", " \033[6~\r", " \033>3;12;4X \025\r"}},
-      {2, {"De\r", "ex\r", "\033>3;12;9X\033>3;12;7X"}},
-      {-2, {" \t"}},
-      {-3, {" \033", "\030"}}};
+      {0, {"<Enter>", " <Ctrl-D> <Ctrl-D><Enter>", " <Ctrl-U><Up><Enter>", "eA<Enter>"}},
+      {0, {"l<Enter>", press(12, 7) + "<Enter>"}},
+      {1, {"<Down><LF>", "d<Enter>", " <PgUp><Enter>", " <PgDn><Enter>"}},
+      {1, {" " + release(12, 4) + " <Ctrl-U><Enter>"}},
+      {2, {"De<Enter>", "ex<Enter>", release(12, 9) + release(12, 7)}},
+      {-2, {" <Tab>"}},
+      {-3, {" <Esc>", "<Ctrl-X>"}}};
   for (const auto& [result, all] : cases)
     for (const std::string& keys : all) {
-      SCOPED_TRACE(testing::PrintToString(keys));
+      SCOPED_TRACE(keys);
       Terminal t;
       t.run({"-l", "10", "5", "Add", "Delete", "Exit", "last"});
       t.type(keys);
@@ -35,17 +39,17 @@ TEST(Lists, LongerThanTheirRoomFollowTheSelection) {
     t.run(line);
     t.expect_text(0, 0, framed ? "┌──" : "10.");
     t.expect_text(23, 0, framed ? "└──" : "   ");
-    t.type(std::string(29, ' ') + kUp + kUp);
+    t.type(times(29, " ") + "<Up><Up>");
     t.expect_text(22, framed, "39.");
-    t.expect_reverse(20, framed, 39);                                // longer entries are cut
-    t.type("\033>3;1;23X\033>3;1;" + std::to_string(framed) + "X");  // the first is too low
+    t.expect_reverse(20, framed, 39);             // longer entries are cut
+    t.type(release(1, 23) + release(1, framed));  // the first is too low
     t.expect_exit(0, framed ? "SCRIM=8\n" : "SCRIM=7\n");
   }
 }
 
 // Pop-up windows: the list scrolls inside, and its frame says where there is more.
 TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
-  const std::tuple<const char*, const char*, int, words> cases[] = {
+  const std::tuple<std::string, std::string, int, words> cases[] = {
       {"pop:12,5",
        "",
        8,
@@ -60,10 +64,10 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
        {"┌──────────┐", "│[┌──┐]    │", "│ │aa│     │", "│ │Bb│     │", "│ │Cc│     │"}},
   };
   for (const auto& [window, key, row, picture] : cases) {
-    SCOPED_TRACE(window + std::string(" ") + key);
+    SCOPED_TRACE(window + " " + key);
     Terminal t;
-    t.form(window + std::string("\npoplist:2,1::P:aa:Bb:Cc:Dd:Ee\n"));
-    t.type(std::string(kF3) + key);
+    t.form(window + "\npoplist:2,1::P:aa:Bb:Cc:Dd:Ee\n");
+    t.type("<F3>" + key);
     for (int i = 0; const std::string& shown : picture)
       t.expect_row(row + i++, shown.empty() ? "" : std::string(34, ' ') + shown);
   }
@@ -73,10 +77,10 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
 TEST(Lists, AClickOpensTheListOfAnotherField) {
   Terminal t;
   t.form("fulls:clear\ndetext:5,1,4:abcd:E\npoplist:5,4:Red:P:Red:Green\n");
-  t.type("\033>2;6;4X\033>3;6;4X");
+  t.type(click(6, 4));
   t.expect_text(1, 4, "[ bcd]");
   t.expect_text(4, 4, "[┌─────┐");
-  t.type(down + "\r");
+  t.type("<Down><Enter>");
   t.expect_text(1, 4, "[abcd]");
   t.expect_text(4, 4, "[Green  ]");
   EXPECT_EQ(t.raw().find("\033[H\033[2J"), t.raw().rfind("\033[H\033[2J"));  // cleared once
@@ -105,7 +109,7 @@ TEST(Lists, OpenWithTheChosenEntryInView) {
     std::string form = "fulls:clear\npoplist:5," + std::to_string(row) + ":" + value + ":P";
     for (int i = 10; i < 10 + count; i++) form += ":" + std::to_string(i);
     t.form(form);
-    t.type(kRight);
+    t.type("<Right>");
     const int rows = std::min(count, 21);
     t.expect_text(top, 5, "┌──");
     t.expect_text(top + rows + 1, 5, "└──");
@@ -113,22 +117,22 @@ TEST(Lists, OpenWithTheChosenEntryInView) {
       t.expect_text(top + 1 + i, 6, std::to_string(first + i));
       t.expect_reverse(top + 1 + i, 6, first + i == chosen ? 2 : 0);
     }
-    t.type("\r\n");
+    t.type("<Enter><LF>");
     t.expect_exit(0, "P=\"" + value + "\";export P;RETN=default\n");
   }
 }
 
 TEST(Lists, FieldsTakeLettersOrOpenTheirListAboveTheWindowsEnd) {
   const std::pair<std::string, words> cases[] = {
-      {"Green", {"g", ".W" + down + "\r", "\t\033>2;26;15X\033>3;26;15X\033>3;27;13X"}},
-      {"Blue", {"bbb", " 1", "\033ORb\r", "g\033OC \r"}},
-      {"Red", {"qq", ".w \033", ".xW\t"}}};
+      {"Green", {"g", ".W<Down><Enter>", "<Tab>" + click(26, 15) + release(27, 13)}},
+      {"Blue", {"bbb", " 1", "<F3>b<Enter>", "g<Right> <Enter>"}},
+      {"Red", {"qq", ".w <Esc>", ".xW<Tab>"}}};
   for (const auto& [value, all] : cases)
     for (const std::string& keys : all) {
-      SCOPED_TRACE(testing::PrintToString(keys));
+      SCOPED_TRACE(keys);
       Terminal t;
       t.form("pop:40,10\npoplist:5,8::P:Red:Green:Blue:Black\netext:5,1,4::E\n");
-      t.type(keys + "\n");
+      t.type(keys + "<LF>");
       t.expect_exit(0, "P=\"" + value + "\";export P;RETN=default\n");
     }
 }

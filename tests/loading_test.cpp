@@ -43,7 +43,7 @@ TEST(Loading, StandardInputRefersToTheEnvironmentAndToTheDefaultsReadBefore) {
   t.file("form", "text:\n${NAME} $NAME\nK\\dse \\\\\nendtext:\ndetext:4,8,20:${1}-${2}:${0}:CHAR:");
   t.shell("exec scrim -Aout -Ifirst -f stdin -Ilater <form");
   t.expect_screen(2, "\n    Smith ${0} \\d $NAME\n    K\xe4se \\\n");
-  t.type("!\n");  // the keys still come from the terminal
+  t.type("!<LF>");  // the keys still come from the terminal
   t.expect_exit(0, "RETN=default\n");
   EXPECT_EQ(t.read("out"), "zero 'one two-!'\n");
 }
@@ -68,7 +68,7 @@ TEST(Loading, FramesAreDrawnWhenTheirScreenIsFirstPainted) {
        {"\n  +-(Go)--+\n  |       |\n  +-------+\n", "\n\n   +-(No)\n   +---+\n",
         "\n    (Go)\n\n\n", "\n\n     (No)\n\n"}) {
     t.expect_screen(1, picture);
-    t.type("\r");
+    t.type("<Enter>");
   }
 }
 

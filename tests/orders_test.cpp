@@ -9,43 +9,41 @@
 #include <sys/wait.h>
 
 namespace scrim {
-namespace {
 
-const std::string example = SCRIM_SOURCE "/examples/orders/";
+static const std::string example = SCRIM_SOURCE "/examples/orders/";
 // What is waited for, since a database may take its time, and what is typed then.
-const std::string steps[][2] = {
-    {"Add a customer", "A\r"},
-    {"New customer", "x'); drop table customers; --\tc/o: $(exit)\t1/31/1999\t12.25\n"},
-    {"Stored as customer 1.", "A\r"},
-    {"New customer", "O'Brien's\r\r\r\r\r"},
-    {"Stored as customer 2.", "F\r"},
-    {"Find customers", "x'%\t\t1/31/1999\t12.25\n"},
-    {"12.25 01/31/1999 x'); drop table cus c/o: $(exit)  ", "\n"},
-    {"Change a customer", "!'\t\t" + std::string(10, '\177') + "\n"},
-    {"Customer 1 is changed.", "A\r"},
-    {"New customer", "Nobody\t\t\t1-1\n"},
+static const std::string steps[][2] = {
+    {"Add a customer", "A<Enter>"},
+    {"New customer", "x'); drop table customers; --<Tab>c/o: $(exit)<Tab>1/31/1999<Tab>12.25<LF>"},
+    {"Stored as customer 1.", "A<Enter>"},
+    {"New customer", "O'Brien's" + times(5, "<Enter>")},
+    {"Stored as customer 2.", "F<Enter>"},
+    {"Find customers", "x'%<Tab><Tab>1/31/1999<Tab>12.25<LF>"},
+    {"12.25 01/31/1999 x'); drop table cus c/o: $(exit)  ", "<LF>"},
+    {"Change a customer", "!'<Tab><Tab>" + times(10, "<BS>") + "<LF>"},
+    {"Customer 1 is changed.", "A<Enter>"},
+    {"New customer", "Nobody<Tab><Tab><Tab>1-1<LF>"},
     {"This is no value for CREDIT", "x"},
-    {"[Nobody", "\030"},
-    {"Add a customer", "Q\r"},
+    {"[Nobody", "<Ctrl-X>"},
+    {"Add a customer", "Q<Enter>"},
     // Another program has stored a customer with bytes that end fields and rows.
-    {"Add a customer", "F\r"},
-    {"Find customers", "\r\r\r\r\r"},
-    {"  A 1 or true Forged  x y 2 z", std::string(kDown) + "\r\r"},
-    {"[O'Brien's  ", "!\r\r\r\r\r"},
-    {"Customer 2 is changed.", "F\r"},
-    {"Find customers", "\n"},
-    {"12.25            x'); drop table", std::string(kDown) + kDown + kDown + "\n"},
-    {"No customer was chosen.", "Q\r"},
+    {"Add a customer", "F<Enter>"},
+    {"Find customers", times(5, "<Enter>")},
+    {"  A 1 or true Forged  x y 2 z", "<Down><Enter><Enter>"},
+    {"[O'Brien's  ", "!" + times(5, "<Enter>")},
+    {"Customer 2 is changed.", "F<Enter>"},
+    {"Find customers", "<LF>"},
+    {"12.25            x'); drop table", times(3, "<Down>") + "<LF>"},
+    {"No customer was chosen.", "Q<Enter>"},
 };
-const std::string name = "A\0361 or true\037Forged", town = "x\037y\n2\rz";
+static const std::string name = "A\0361 or true\037Forged", town = "x\037y\n2\rz";
 
-void expect_stored(Terminal& t, const std::string& sql) {
+static void expect_stored(Terminal& t, const std::string& sql) {
   std::filesystem::create_directory(t.path("a:b,c"));
   t.env("TMPDIR", t.path("a:b,c"));
-  t.command({"sh", "-c",
-             example + "orders.sh;" + sql + " \"insert into customers (name, town) values ('" +
-                 name + "', '" + town + "')\";" + example + "orders.sh;" + sql +
-                 " 'select * from customers order by 1'"});
+  t.shell(example + "orders.sh;" + sql + " \"insert into customers (name, town) values ('" + name +
+          "', '" + town + "')\";" + example + "orders.sh;" + sql +
+          " 'select * from customers order by 1'");
   for (const auto& [shown, typed] : steps) {
     t.emulator.await_key(20, 10000);
     t.expect_shown(shown);
@@ -72,5 +70,4 @@ TEST(Orders, InPostgres) {
   EXPECT_EQ(std::system((example + "cluster.sh stop " + t.path("server")).c_str()), 0);
 }
 
-}  // namespace
 }  // namespace scrim

@@ -1,27 +1,28 @@
 // The manual pages and the completions against the program's own tables: nothing of it is missing
 // there, and nothing stands there that it does not know.
 
-#include <regex>
-#include <set>
-#include <string>
-
-#include <gtest/gtest.h>
-
 #include "screens/directives.h"
 #include "tests/terminal.h"
 
+#include <cstddef>
+#include <regex>
+#include <set>
+
+#include <gtest/gtest.h>
+
 namespace scrim {
-namespace {
 
 using words = std::set<std::string>;
 
-std::string source(const std::string& name) { return Terminal().read(SCRIM_SOURCE "/" + name); }
+static std::string source(const std::string& name) {
+  return Terminal().read(SCRIM_SOURCE "/" + name);
+}
 
 // What the pattern's only group matches, anywhere in the text.
-words found(const std::string& text, const std::string& pattern) {
+static words found(const std::string& text, const std::string& pattern) {
   words all;
   const std::regex expression(pattern);
-  for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end; ++at)
+  for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end; at++)
     all.insert((*at)[1]);
   return all;
 }
@@ -31,25 +32,23 @@ TEST(Pages, EveryDirectiveHasItsEntry) {
   for (const char* const* row = file_funcs; **row; row++)
     keywords.insert(std::string(*row, std::string(*row).find_last_not_of(':') + 1));
   EXPECT_EQ(found(source("man/scrim-screen.5"), "\n\\.It Li ([a-z]+)(?=[: \n])"), keywords);
-  const std::string vim = source("share/vim/syntax/scrim.vim");
-  EXPECT_EQ(
-      found(
-          vim,
-          R"((?:/\^\\%\(|\\\|)([a-z]+):?(?:\\@=)?(?=\\[|)][^\n]*(?:nextgroup=scrimItems| end=)))"),
-      keywords);
+  const words coloured = found(
+      source("share/vim/syntax/scrim.vim"),
+      R"((?:/\^\\%\(|\\\|)([a-z]+):?(?:\\@=)?(?=\\[|)][^\n]*(?:nextgroup=scrimItems| end=)))");
+  EXPECT_EQ(coloured, keywords);
   words known = found(source("fuzz/dictionary"), "=\"([a-z]+)");
   for (const std::string& keyword : keywords) EXPECT_TRUE(known.contains(keyword)) << keyword;
 }
 
 // The part of the text from `begin` to the next `end`.
-std::string part(const std::string& text, const std::string& begin, const std::string& end) {
+static std::string part(const std::string& text, const std::string& begin, const std::string& end) {
   const size_t start = text.find(begin);
   EXPECT_NE(start, std::string::npos) << begin;
   return start == std::string::npos ? "" : text.substr(start, text.find(end, start) - start);
 }
 
 // The options that a function of the bash completions knows.
-words bash_options(const std::string& function) {
+static words bash_options(const std::string& function) {
   const std::string body = part(source("share/completions/scrim.bash"), "\n" + function, "\n}");
   return found(part(body, "_scrim_options '", "' "), "-([A-Za-z])");
 }
@@ -95,9 +94,8 @@ TEST(Pages, EveryExitStatusHasItsEntry) {
 
 TEST(Pages, AreCleanMdoc) {
   Terminal t;
-  t.command({"sh", "-c", "mandoc -Tlint -Wwarning " SCRIM_SOURCE "/man/*.[157] 2>&1"});
+  t.shell("mandoc -Tlint -Wwarning " SCRIM_SOURCE "/man/*.[157] 2>&1");
   t.expect_exit(0, "");
 }
 
-}  // namespace
 }  // namespace scrim

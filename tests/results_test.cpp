@@ -10,19 +10,19 @@ TEST(Results, ValuesGoToOnePlaceInTheFormThatItAsksFor) {
   const char form[] =
       "etext:2,2,20:John:NAME:VARCHAR2\netext:2,3,20:4:AGE:NUMBER\netext:2,4,20:*:DUE:DATE\n"
       "etext:2,5,20:1/9:BORN:DATE\netext:2,6,20:it's:NOTE\n";
-  const std::string all = "\"\0042\004*\0049\004?\n", leave = "RETN=default\n";
+  const std::string all = "\"<Ctrl-D>2<Ctrl-D>*<Ctrl-D>9<Ctrl-D>?<LF>", leave = "RETN=default\n";
   const std::string born = "to_date('1/99','MM/DD/YYYY HH24 MI SS')\n", old = "old|old|old";
   const std::string added = "NAME 'John'\nAGE 4\nDUE NULL\nBORN " + born + "|old|old";
   // Options, keys, standard output, and the files of -A, -W and -U.
   const std::string cases[][4] = {
-      {"", "\033", "RETN=cancel\n", old},
-      {">/dev/tty", "\033", "", old},
+      {"", "<Esc>", "RETN=cancel\n", old},
+      {">/dev/tty", "<Esc>", "", old},
       {"", all,
        "NAME=\"John\"\";export NAME;AGE=\"42\";export AGE;DUE=\"**\";export DUE;"
        "BORN=\"1/99\";export BORN;NOTE=\"it's?\";export NOTE;RETN=default\n",
        old},
-      {"-Aadd", "\4\4\0049\n", leave, added},
-      {"-Aadd >&-", "\4\4\0049\n", "", added},
+      {"-Aadd", "<Ctrl-D><Ctrl-D><Ctrl-D>9<LF>", leave, added},
+      {"-Aadd >&-", "<Ctrl-D><Ctrl-D><Ctrl-D>9<LF>", "", added},
       {"-Wwhere -Uupdate -Aadd", all, leave,
        "NAME 'John\"'\nAGE 42\nDUE NULL\nBORN " + born + "NOTE it's?\n||"},
       {"-Uupdate -Wwhere", all, leave,

@@ -7,9 +7,14 @@
 #include "screens/neighbours.h"
 #include "values/values.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <deque>
 #include <random>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -55,7 +60,7 @@ TEST(Rules, ReferencesAndEscapesAreSubstituted) {
       {std::string(2000, 'z'), std::string(1023, 'z')}};
   for (const auto& [text, becomes] : cases) {
     env_substitute(text.c_str());
-    EXPECT_EQ(tbuf, becomes);
+    EXPECT_EQ(tbuf, becomes) << text;
   }
 }
 
@@ -80,7 +85,7 @@ TEST(Rules, ButtonLabelsActionsAndOptions) {
     const gadget_list& b = *s_screen->gadget_lp;
     snprintf(tbuf, sizeof tbuf, "%s|%s %d wide, hot key %c%s", b.text, b.op, b.w,
              b.hotkey ? b.hotkey : '0', b.dbtype == DBT_VALIDATE ? ", validates" : "");
-    EXPECT_STREQ(tbuf, described);
+    EXPECT_STREQ(tbuf, described) << line;
   }
 }
 

@@ -6,33 +6,27 @@
 
 namespace scrim {
 
-const std::string up = kUp, down = kDown, next = kPageDown, previous = kPageUp;
-
-static std::string times(int n, const std::string& keys) {
-  return n ? keys + times(n - 1, keys) : "";
-}
-
 TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
   const struct {
     std::string after, keys;
     int first;           // data line in the window's first row; 11: all are blank
     int cursor, marked;  // rows, 0: none
     std::string value = "", before = "";
-  } cases[] = {{"", times(30, down), 9, 4, 0},
-               {"", up + previous + times(5, down) + times(4, up), 2, 1, 0},
-               {"", down + next + next + next, 7, 1, 0},
-               {"", next + next + down + previous, 3, 1, 0},
-               {"", next + down + " ", 4, 2, 2, "5,3"},
-               {"", next + down + "  ", 4, 2, 0, "-1,3"},
-               {"", next + "  " + down + " " + times(3, down), 5, 4, 1, "5,3"},
+  } cases[] = {{"", times(30, "<Down>"), 9, 4, 0},
+               {"", "<Up><PgUp>" + times(5, "<Down>") + times(4, "<Up>"), 2, 1, 0},
+               {"", "<Down><PgDn><PgDn><PgDn>", 7, 1, 0},
+               {"", "<PgDn><PgDn><Down><PgUp>", 3, 1, 0},
+               {"", "<PgDn><Down> ", 4, 2, 2, "5,3"},
+               {"", "<PgDn><Down>  ", 4, 2, 0, "-1,3"},
+               {"", "<PgDn>  <Down> " + times(3, "<Down>"), 5, 4, 1, "5,3"},
                {"swhigh:cursor", "", 1, 1, 1, "1,0"},
-               {"swhigh:cursor", times(4, down) + up, 2, 3, 3, "4,1"},
+               {"swhigh:cursor", times(4, "<Down>") + "<Up>", 2, 3, 3, "4,1"},
                {"swhigh:cursor", "", 11, 1, 0, "-1,0", "swdefer\n"},
-               {"swhigh:3", times(4, down), 2, 4, 2},
+               {"swhigh:3", times(4, "<Down>"), 2, 4, 2},
                {"swhigh:cursor\nswpos:5,2", "", 3, 3, 3, "5,2", "swdefer\n"},
                {"swpos:2,-4", " ", 1, 2, 2, "2,0"},
-               {"swpos:9,1", down + up + up, 2, 7, 0},
-               {"swhigh:cursor\nswpos:0,0", up + up + up + down + down, 1, -1, 0, "-1,0"}};
+               {"swpos:9,1", "<Down><Up><Up>", 2, 7, 0},
+               {"swhigh:cursor\nswpos:0,0", "<Up><Up><Up><Down><Down>", 1, -1, 0, "-1,0"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::PrintToString(std::tuple(c.before, c.after, c.keys)));
     Terminal t;
@@ -45,7 +39,7 @@ TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
       t.expect_text(1 + row, 4, shown + std::string(16 - shown.size(), ' '));
       t.expect_reverse(1 + row, 4, row == c.marked ? 16 : 0);
     }
-    t.type("\n");
+    t.type("<LF>");
     t.expect_exit(0, (c.value.empty() ? "" : "V=\"" + c.value + "\";export V;") + "RETN=default\n");
   }
 }
@@ -72,7 +66,7 @@ TEST(Scrolling, DataEndAtTheFirstNulAndMayComeFromAPipe) {
     t.expect_row(0, " ┌──────────┐");
     t.expect_text(1, 3, c.first + " ");
     t.expect_text(3, 3, c.third + " ");
-    t.type(next + times(310, down) + " \n");
+    t.type("<PgDn>" + times(310, "<Down>") + " <LF>");
     t.expect_exit(0, "V=\"" + c.value + "\";export V;RETN=default\n");
   }
 }

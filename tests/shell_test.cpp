@@ -1,15 +1,13 @@
 // The shell library in each shell that it is for, around the real program and what people type.
 
+#include "tests/terminal.h"
+
 #include <csignal>
 #include <cstdlib>
-#include <string>
 
 #include <gtest/gtest.h>
 
-#include "tests/terminal.h"
-
 namespace scrim {
-namespace {
 
 class Shell : public testing::TestWithParam<const char*> {
  protected:
@@ -18,7 +16,7 @@ class Shell : public testing::TestWithParam<const char*> {
     t.file("form.scrim",
            "fulls:clear\nbdefault:ok\ndetext:3,3,70/79::A:CHAR\netext:3,5,30:${FILLED}:B:CHAR\n");
     t.file("script", ". " SCRIM_SOURCE "/share/scrim/scrim.sh\n" + script);
-    t.command({"sh", "-c", std::string("exec ") + GetParam() + " ./script"});
+    t.shell(std::string("exec ") + GetParam() + " ./script");
   }
 };
 
@@ -37,7 +35,8 @@ TEST_P(Shell, HostileValuesStayValues) {
 scrim_read A B -- -f form.scrim
 printf '%s\n' "$?" "$RETN" "$C" "$A" "$B"
 [ "$PATH" = "$search" ] && [ ! -e x ] && echo unharmed)");
-  t.type(typed + "\t!\n");
+  t.type_bytes(typed);
+  t.type("<Tab>!<LF>");
   t.expect_exit(0, "0\nok\nother\n" + typed + "\none\ntwo\";export PATH;\n!\nunharmed\n");
 }
 
@@ -133,5 +132,4 @@ TEST(Scripts, AreClean) {
             0);
 }
 
-}  // namespace
 }  // namespace scrim

@@ -4,9 +4,11 @@
 
 #include "tests/terminal.h"
 
+#include "tools/emulator/key_names.h"
 #include "tools/emulator/picture.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -29,6 +31,16 @@ static std::string place(int row, int column) {
   return "row " + std::to_string(row) + ", column " + std::to_string(column);
 }
 
+std::string times(int n, const std::string& keys) { return n ? keys + times(n - 1, keys) : ""; }
+
+static std::string report(const std::string& button, int column, int row) {
+  return "<Esc>>" + button + ";" + std::to_string(column) + ";" + std::to_string(row) + "X";
+}
+
+std::string press(int column, int row) { return report("2", column, row); }
+std::string release(int column, int row) { return report("3", column, row); }
+std::string click(int column, int row) { return press(column, row) + release(column, row); }
+
 Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
   std::string name = std::filesystem::temp_directory_path() / "scrim-test-XXXXXX";
   if (!mkdtemp(name.data())) ADD_FAILURE() << "no temporary directory " << name;
@@ -37,7 +49,7 @@ Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
   const char* path = getenv("PATH");
   std::string own = std::filesystem::path(SCRIM_BINARY).parent_path();
   env("PATH", own + ":" + (path ? path : "/usr/bin:/bin"));
-  env("TERMINFO_DIRS", SCRIM_TERMINFO ":");
+  setenv("TERMINFO_DIRS", SCRIM_TERMINFO ":", 1);  // for the program and for the names of keys
 }
 
 Terminal::~Terminal() {
@@ -68,20 +80,30 @@ void Terminal::form(std::string_view content, test_line where) {
   run({"-f", "form"}, where);
 }
 
-void Terminal::type(std::string_view bytes) {
+std::string Terminal::bytes(const std::string& keys, test_line where) const {
+  std::string all;
+  for (const std::string& piece : pieces_of(keys)) {
+    const typed_bytes typed = bytes_of(piece, emulator.setup.term);
+    if (!typed.fault.empty()) ADD_FAILURE_AT(where.file, where.line) << typed.fault;
+    all += typed.bytes;
+  }
+  return all;
+}
+
+void Terminal::type(const std::string& keys, test_line where) { type_bytes(bytes(keys, where)); }
+
+void Terminal::type_bytes(std::string_view bytes) {
   emulator.send(bytes);
   emulator.settle(quiet, patience);
 }
 
 void Terminal::expect(const std::string& wanted, const std::function<std::string()>& found,
                       test_line where) {
-  const int64_t deadline = milliseconds() + (testing::Test::HasFailure() ? hurry : patience);
+  const std::int64_t deadline = milliseconds() + (testing::Test::HasFailure() ? hurry : patience);
   while (found() != wanted) {
     if (emulator.ended() || milliseconds() >= deadline) {
-      ADD_FAILURE_AT(where.file, where.line) << "expected\n"
-                                             << wanted << "\nfound\n"
-                                             << found() << "\non the screen\n"
-                                             << screen();
+      ADD_FAILURE_AT(where.file, where.line)
+          << "expected\n" + wanted + "\nfound\n" + found() + "\non the screen\n" + screen();
       return;
     }
     emulator.pump(quiet);
@@ -152,7 +174,7 @@ void Terminal::expect_exit(int status, std::string_view output, test_line where)
 }
 
 const std::string& Terminal::expect_end(int status, test_line where) {
-  const int64_t deadline = milliseconds() + patience;
+  const std::int64_t deadline = milliseconds() + patience;
   while (!emulator.ended() && milliseconds() < deadline) emulator.pump(quiet);
   expect_exit(status, emulator.output(), where);
   return emulator.output();

@@ -10,14 +10,11 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <tuple>  // of this and the others around it tables in tests are made
+#include <utility>
 #include <vector>
 
 namespace scrim {
-
-// What an xterm sends in the keypad-transmit mode that its description switches on.
-inline constexpr char kUp[] = "\033OA", kDown[] = "\033OB", kRight[] = "\033OC", kLeft[] = "\033OD";
-inline constexpr char kPageUp[] = "\033[5~", kPageDown[] = "\033[6~", kBackspace[] = "\177";
-inline constexpr char kF3[] = "\033OR";
 
 // The line of the test that called, for its failure message.
 struct test_line {
@@ -28,6 +25,12 @@ struct test_line {
   const char* file;
   int line;
 };
+
+// Keys for Terminal::type: the same ones n times; a mouse button pressed and released on a cell.
+std::string times(int n, const std::string& keys);
+std::string press(int column, int row);
+std::string release(int column, int row);
+std::string click(int column, int row);
 
 class Terminal {
  public:
@@ -48,8 +51,11 @@ class Terminal {
   void shell(const std::string& line, test_line where = test_line::here());
   void form(std::string_view content, test_line where = test_line::here());  // scrim, with one file
 
-  // Types the bytes together and waits until the program has dealt with them.
-  void type(std::string_view bytes);
+  // Types "abc<Left><Del>x<Enter>", all bytes together, and waits until the program has dealt with
+  // them. A name types what the terminal's description says of that key; "<lt>" types a "<".
+  void type(const std::string& keys, test_line where = test_line::here());
+  void type_bytes(std::string_view bytes);  // as they are: what is no key, or not a whole one
+  std::string bytes(const std::string& keys, test_line where = test_line::here()) const;
 
   // Trailing blanks never count, nor does a picture's first line break.
   void expect_row(int row, std::string_view text, test_line where = test_line::here());
