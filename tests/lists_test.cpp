@@ -58,6 +58,7 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
       {"pop:12,5", "E", 10, {"│[│Cc^]    │", "│ │Dd│     │", "│ │Ee│     │"}},
       {"pop:12,3", "B", 9, {"", "┌─┌──┐─────┐", "│[│Bbv]    │", "└─└──┘─────┘"}},
       {"pop:12,3", "E", 10, {"┌─┌──┐─────┐", "│[│Ee^]    │", "└─└──┘─────┘"}},
+      {"pop:12,30", "E", 0, {"│[┌──┐]    │", "│ │aa│     │", "│ │Bb│     │"}},
       {"pop:12,9",
        "E",
        7,
@@ -76,13 +77,14 @@ TEST(Lists, StayInsideTheirWindowAndMarkWhatIsLeftOut) {
 // An opening list blanks the first cell of the gadget that was highlighted, not of the one clicked.
 TEST(Lists, AClickOpensTheListOfAnotherField) {
   Terminal t;
-  t.form("fulls:clear\ndetext:5,1,4:abcd:E\npoplist:5,4:Red:P:Red:Green\n");
+  t.form("fulls:clear\ndetext:5,1,4:abcd:E\npoplist:5,4:Red:P:Red:Green\npoplist:5,6::::\n");
   t.type(click(6, 4));
   t.expect_text(1, 4, "[ bcd]");
   t.expect_text(4, 4, "[┌─────┐");
   t.type("<Down><Enter>");
   t.expect_text(1, 4, "[abcd]");
   t.expect_text(4, 4, "[Green  ]");
+  t.expect_text(6, 4, "[  ]");
   EXPECT_EQ(t.raw().find("\033[H\033[2J"), t.raw().rfind("\033[H\033[2J"));  // cleared once
 }
 

@@ -48,6 +48,12 @@ TEST(Rules, DatesTakeTheirCanonicalShapeOrAreRefused) {
     }
 }
 
+TEST(Rules, MissingNumbersAreZero) {
+  int numbers[] = {7, 7, 7};
+  EXPECT_EQ(read_numbers("4,x,5", ",,", numbers), 1);
+  EXPECT_EQ(std::vector(numbers, numbers + 3), (std::vector{4, 0, 0}));
+}
+
 TEST(Rules, ReferencesAndEscapesAreSubstituted) {
   setenv("CUST", "ACME ${ZERO} \\d", 1);
   setenv("NINETEEN_CHARACTERS+", "long", 1);
@@ -77,6 +83,7 @@ TEST(Rules, ButtonLabelsActionsAndOptions) {
       {"button:(a_1_B:x y:Y", "(a\xB1\xC2)|x 5 wide, hot key b"},
       {"button:OK:ok:Yes", "(OK)|ok 4 wide, hot key 0, validates"},
       {"button:A_", "(A)| 3 wide, hot key 0"},
+      {"button:(A: x:Y", "(A)| 3 wide, hot key 0"},
       {"button:a:12345678901234567890", "(a)|1234567890123456789 3 wide, hot key 0"}};
   for (const auto& [line, described] : cases) {
     copy_text(cbuf, line);

@@ -77,6 +77,17 @@ TEST(Screens, APopUpOnAFullStackIsRefused) {
   t.expect_exit(0, "A=\"xyz\";export A;RETN=cancel\n");
 }
 
+// The first of two screens without a name is the one that is shown.
+TEST(Screens, AFailedCheckShowsAScreenWithItsFrames) {
+  Terminal t;
+  t.file("a", "name:a\nfulls\ndbutton:_OK:ok:Y\n");
+  t.file("b", "fulls\nbox:20,9,10,9\netext:3,3,3::B\n");
+  t.file("c", "fulls\netext:3,3,3::C::N\n");
+  t.run({"-f", "a,b,c"});
+  t.type("<Enter>x");
+  t.expect_text(10, 20, "│        │ ");
+}
+
 TEST(Screens, ValidationShowsTheFailingFieldOfAnyScreen) {
   Terminal t;
   t.file("main", "name:main\nfulls\netext:9,3,9::A::N\nbutton:OK:ok:Y\n");

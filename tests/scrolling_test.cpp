@@ -24,6 +24,8 @@ TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
                {"swhigh:cursor", "", 11, 1, 0, "-1,0", "swdefer\n"},
                {"swhigh:3", times(4, "<Down>"), 2, 4, 2},
                {"swhigh:cursor\nswpos:5,2", "", 3, 3, 3, "5,2", "swdefer\n"},
+               {"swpos:5,2\nswhigh:cursor", "", 3, 3, 3, "5,2", "swdefer\n"},
+               {"swhigh:cursor\nswpos:40000,0", "", 1, 22, 0, "40000,0"},  // below the terminal
                {"swpos:2,-4", " ", 1, 2, 2, "2,0"},
                {"swpos:9,1", "<Down><Up><Up>", 2, 7, 0},
                {"swhigh:cursor\nswpos:0,0", "<Up><Up><Up><Down><Down>", 1, -1, 0, "-1,0"}};
