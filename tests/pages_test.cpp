@@ -14,9 +14,7 @@ namespace scrim {
 
 using words = std::set<std::string>;
 
-static std::string source(const std::string& name) {
-  return Terminal().read(SCRIM_SOURCE "/" + name);
-}
+static auto source(const std::string& name) { return Terminal().read(SCRIM_SOURCE "/" + name); }
 
 // What the pattern's only group matches, anywhere in the text.
 static words found(const std::string& text, const std::string& pattern) {
@@ -42,7 +40,7 @@ TEST(Pages, EveryDirectiveHasItsEntry) {
 
 // The part of the text from `begin` to the next `end`.
 static std::string part(const std::string& text, const std::string& begin, const std::string& end) {
-  const size_t start = text.find(begin);
+  const std::size_t start = text.find(begin);
   EXPECT_NE(start, std::string::npos) << begin;
   return start == std::string::npos ? "" : text.substr(start, text.find(end, start) - start);
 }
