@@ -94,7 +94,7 @@ TEST(Modes, FramesAndTextsAreDrawnWhereAsked) {
     std::string picture;
     int cursor_row = 23, cursor_column = 0;
   } cases[] = {
-      {"xterm", "-b 2 1 6 4", 1, "\n  ┌────┐\n  │    │\n  │    │\n  └────┘\n"},
+      {"vt100", "-b 2 1 6 4", 1, "\n  ┌────┐\n  │    │\n  │    │\n  └────┘\n"},
       {"scrim-halfacs", "-b 1 1 4 3", 1, plain},
       {"scrim-cookie", "-b 1 1 4 3", 1, plain},
       {"scrim-ownacs", "-b 1 1 4 3", 1, "\n /==\\\n !  !\n \\==+\n"},
@@ -133,10 +133,15 @@ TEST(Modes, ProgressBarIsFilledInProportion) {
   };
   const std::string usual = std::string(20, ' ') + "0" + scale(7, 8);
   const std::tuple<std::string, int, int, std::string> cases[] = {
-      {"10,40,1,4", 20, 10, usual},         {"10,40,4,4 -r", 20, 40, usual},
-      {"10,40,0,4", 20, 0, usual},          {"10,40,1,0", 20, 0, usual},
-      {"10,40,-1,4", 20, 0, usual},         {"10,40,2000000000,2100000000", 20, 38, usual},
-      {"10,100,1,2", 0, 40, scale(13, 23)}, {"10,84,1,84", 0, 0, scale(17, 19)},
+      {"10,40,1,4", 20, 10, usual},
+      {"10,40,4,4 -r", 20, 40, usual},
+      {"10,40,0,4", 20, 0, usual},
+      {"10,40,1,0", 20, 0, usual},
+      {"10,40,-1,4", 20, 0, usual},
+      {"10,40,2000000000,2100000000", 20, 38, usual},
+      {"10,100,1,2", 0, 40, scale(13, 23)},
+      {"10,84,1,84", 0, 0, scale(17, 19)},
+      {"10,1,1,1", 39, 1, std::string(37, ' ') + "100"},
   };
   for (const auto& [numbers, column, cells, labels] : cases) {
     SCOPED_TRACE(numbers);
