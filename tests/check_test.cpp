@@ -50,7 +50,7 @@ TEST(Check, CallsAndLimits) {
       {"env --ignore-signal=CHLD $0 bad,none good", 2, line},
       {"$0 -q bad", 1, ""},
       {"$0 good ,", 2, ""},
-      {"$0 -x good", 2, ""},
+      {"$0 -\x9b good 2>&1", 2, "Usage: scrim-check [-q] file[,file...] ...\n"},
       {"yes swin:1,1,9,5:/ | head -n 1100 >>good; echo swin:1,9,9,5:bad >>good; ulimit -n 200; "
        "$0 good | grep -c open",
        0, "1100\n"},

@@ -1,5 +1,6 @@
 // tools/check/main: scrim-check, which looks for faults in screen files.
 
+#include "common/program.h"
 #include "tools/check/findings.h"
 #include "tools/check/lists.h"
 
@@ -15,7 +16,7 @@
 namespace scrim {
 
 static int show_usage() {
-  fputs("Usage: scrim-check [-q] file[,file...] ...\n", stderr);
+  complain({"Usage: scrim-check [-q] file[,file...] ..."});
   return wrong_call;
 }
 
@@ -34,6 +35,7 @@ static int check_lists(const std::vector<char*>& lists, bool quiet) {
 
 static int run(int argc, char** argv) {
   bool quiet = false;
+  opterr = 0;  // its own message shows the option as it was given, whatever that does to a terminal
   for (int option = 0; (option = getopt(argc, argv, "q")) != -1;) {
     if (option != 'q') return show_usage();
     quiet = true;
