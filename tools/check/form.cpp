@@ -30,7 +30,11 @@ screen_notes& notes_of(form& checked, int screen) {
 }
 
 void report(form& checked, int screen, int line, const std::string& text) {
-  checked.found.insert({s_screen[screen].path, line, text});
+  checked.found.insert({s_screen[screen].path, line, false, text});
+}
+
+void report_note(form& checked, int screen, int line, const std::string& text) {
+  checked.found.insert({s_screen[screen].path, line, true, text});
 }
 
 area window_of(const per_screen& screen) {

@@ -48,7 +48,9 @@ struct form {
 
 screen_notes& notes_of(form& checked, int screen);
 
+// Adds a fault, or a note, to what is found.
 void report(form& checked, int screen, int line, const std::string& text);
+void report_note(form& checked, int screen, int line, const std::string& text);
 
 area window_of(const per_screen& screen);
 

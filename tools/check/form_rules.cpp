@@ -134,7 +134,8 @@ static void check_checked_fields(form& checked) {
     if ((it.gadget->dbtype & DBT_REQUIRED) && !screen.reached)
       report(checked, it.screen, it.line, "required field on a screen that no action leads to");
     if (screen.pops_up && screen.returns)
-      report(checked, it.screen, it.line, "a field that is checked on a pop-up that \"^\" leaves");
+      report_note(checked, it.screen, it.line,
+                  "a field that is checked on a pop-up that \"^\" leaves");
   }
 }
 

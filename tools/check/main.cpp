@@ -16,7 +16,7 @@
 namespace scrim {
 
 static int show_usage() {
-  complain({"Usage: scrim-check [-q] file[,file...] ..."});
+  complain({"Usage: scrim-check [-qW] file[,file...] ..."});
   return wrong_call;
 }
 
@@ -24,25 +24,31 @@ static bool names_a_file(std::string_view list) {
   return list.find_first_not_of(',') != std::string_view::npos;
 }
 
-static int check_lists(const std::vector<char*>& lists, bool quiet) {
+struct options {
+  bool quiet;   // prints no findings
+  bool strict;  // takes notes for faults
+};
+
+static int check_lists(const std::vector<char*>& lists, const options& chosen) {
   bool complete = true;
   findings found;
   for (char* list : lists) complete = check_list(list, found) && complete;
-  if (!quiet) print_findings(found);
+  if (chosen.strict) found = notes_as_faults(found);
+  if (!chosen.quiet) print_findings(found);
   if (!complete) return wrong_call;
-  return found.empty() ? 0 : 1;
+  return has_fault(found) ? 1 : 0;
 }
 
 static int run(int argc, char** argv) {
-  bool quiet = false;
+  options chosen = {};
   opterr = 0;  // its own message shows the option as it was given, whatever that does to a terminal
-  for (int option = 0; (option = getopt(argc, argv, "q")) != -1;) {
-    if (option != 'q') return show_usage();
-    quiet = true;
+  for (int option = 0; (option = getopt(argc, argv, "qW")) != -1;) {
+    if (option == '?') return show_usage();
+    (option == 'q' ? chosen.quiet : chosen.strict) = true;
   }
   const std::vector<char*> lists(argv + optind, argv + argc);
   if (lists.empty() || !std::all_of(lists.begin(), lists.end(), names_a_file)) return show_usage();
-  return check_lists(lists, quiet);
+  return check_lists(lists, chosen);
 }
 
 }  // namespace scrim
