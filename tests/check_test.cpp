@@ -4,8 +4,17 @@
 #include "tests/terminal.h"
 #include "tools/check/line_rules.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include <fnmatch.h>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +32,46 @@ TEST(Check, EveryFindingIsSaidAtItsLine) {
     const bool has_fault = std::regex_search(expected, std::regex("(^|\n)\\S+ (?!note: )"));
     t.expect_exit(has_fault ? 1 : 0, expected);
   }
+}
+
+// The messages of the page's list, with "*" for each argument.
+static std::set<std::string> messages_of(const std::string& page) {
+  static const std::pair<const char*, const char*> rendering[] = {{" Ns ", ""},
+                                                                  {"Ar [A-Z]+( No)?", "*"},
+                                                                  {R"(\\&)", ""},
+                                                                  {R"(\\\(aq)", "'"},
+                                                                  {R"(\\\(dq)", "\""}};
+  std::set<std::string> messages;
+  std::istringstream lines(page.substr(0, page.find("\n.Sh EXIT")).substr(page.find("\n.Sh MESS")));
+  std::string prefix;
+  for (std::string line; std::getline(lines, line);) {
+    if (line == ".Ss Notes") prefix = "note: ";
+    if (!line.starts_with(".It ")) continue;
+    for (const auto& [from, to] : rendering) line = std::regex_replace(line, std::regex(from), to);
+    messages.insert(prefix + line.substr(4));
+  }
+  return messages;
+}
+
+// The cases bring about all that the page lists, and nothing else.
+TEST(Check, ThePageListsEveryMessage) {
+  const std::set<std::string> listed =
+      messages_of(Terminal().read(SCRIM_SOURCE "/man/scrim-check.1"));
+  std::set<std::string> met;
+  for (const auto& folder : std::filesystem::directory_iterator(SCRIM_SOURCE "/tests/check")) {
+    std::ifstream expected(folder.path() / "expected");
+    for (std::string line; std::getline(expected, line);) {
+      line = line.substr(line.find(": ") + 2);
+      const auto is_it = [&](const std::string& message) {
+        return message.starts_with("note: ") == line.starts_with("note: ") &&
+               fnmatch(message.c_str(), line.c_str(), FNM_NOESCAPE) == 0;
+      };
+      const auto found = std::find_if(listed.begin(), listed.end(), is_it);
+      ASSERT_NE(found, listed.end()) << line;
+      met.insert(*found);
+    }
+  }
+  EXPECT_EQ(met, listed);
 }
 
 TEST(Check, WhateverTheTableNamesIsChecked) {
