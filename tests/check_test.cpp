@@ -37,11 +37,9 @@ TEST(Check, EveryFindingIsSaidAtItsLine) {
 
 // The messages of the page's list, with "*" for each argument.
 static std::set<std::string> messages_of(const std::string& page) {
-  static const std::pair<const char*, const char*> rendering[] = {{" Ns ", ""},
-                                                                  {"Ar [A-Z]+( No)?", "*"},
-                                                                  {R"(\\&)", ""},
-                                                                  {R"(\\\(aq)", "'"},
-                                                                  {R"(\\\(dq)", "\""}};
+  static const std::pair<const char*, const char*> rendering[] = {
+      {" Ns ", ""},   {"Ar [A-Z]+( No)?", "*"}, {R"(\\e)", "\\"},
+      {R"(\\&)", ""}, {R"(\\\(aq)", "'"},       {R"(\\\(dq)", "\""}};
   std::set<std::string> messages;
   std::istringstream lines(page.substr(0, page.find("\n.Sh EXIT")).substr(page.find("\n.Sh MESS")));
   std::string prefix;
@@ -98,12 +96,17 @@ TEST(Check, WhateverTheTableNamesIsChecked) {
 // and no process reads on when scrim-check is killed.
 TEST(Check, CallsAndLimits) {
   const std::string line = "bad:1: Invalid Command: x\n";
+  const std::string note = "variable PATH has another use in scripts\n";
   const std::tuple<std::string, int, std::string> cases[] = {
       {"$0 good bad", 1, line + "bad:3: no screen of the list has the name 'x'\n"},
       {"env --ignore-signal=CHLD $0 bad,none good", 2, line},
       {"$0 -q bad", 1, ""},
       {"$0 good ,", 2, ""},
       {"$0 -\x9b good 2>&1", 2, "Usage: scrim-check [-qW] file[,file...] ...\n"},
+      {"$0 noted", 0, "noted:2: note: " + note},
+      {"$0 -q noted", 0, ""},
+      {"$0 -W noted", 1, "noted:2: " + note},
+      {"$0 -qW noted", 1, ""},
       {"yes swin:1,1,9,5:/ | head -n 1100 >>good; echo swin:1,9,9,5:bad >>good; ulimit -n 200; "
        "$0 good | grep -c open",
        0, "1100\n"},
@@ -119,6 +122,7 @@ TEST(Check, CallsAndLimits) {
     SCOPED_TRACE(call);
     Terminal t;
     t.file("good", "fulls\n");
+    t.file("noted", "fulls\netext:1,1,9::PATH\n");
     t.file("bad", "x\nfulls\nbdefault:>x\n");
     t.command({"sh", "-c", call, SCRIM_CHECK_BINARY});
     t.expect_exit(status, output);

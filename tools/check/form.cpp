@@ -29,6 +29,10 @@ screen_notes& notes_of(form& checked, int screen) {
   return checked.screens[static_cast<std::size_t>(screen)];
 }
 
+const std::string& line_at(const form& checked, int line) {
+  return checked.lines[static_cast<std::size_t>(line - 1)];
+}
+
 void report(form& checked, int screen, int line, const std::string& text) {
   checked.found.insert({s_screen[screen].path, line, false, text});
 }

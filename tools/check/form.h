@@ -43,10 +43,14 @@ struct screen_notes {
 struct form {
   std::vector<screen_notes> screens;  // those of s_screen
   std::vector<declaration> gadgets;   // in the order of the files
+  std::vector<std::string> lines;     // of the file being read, as they are written
   findings found;
 };
 
 screen_notes& notes_of(form& checked, int screen);
+
+// A line of the file being read, as it is written.
+const std::string& line_at(const form& checked, int line);
 
 // Adds a fault, or a note, to what is found.
 void report(form& checked, int screen, int line, const std::string& text);

@@ -9,9 +9,13 @@
 #include "screens/directives.h"
 #include "screens/loader.h"
 #include "screens/reader.h"
+#include "tools/check/item_rules.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdio>
+#include <new>
+#include <sstream>
 #include <string>
 
 namespace scrim {
@@ -33,17 +37,6 @@ static void check_window(form& checked, int line) {
              std::to_string(whole_screen.h) + " rows");
 }
 
-static void check_name(form& checked, int line) {
-  notes_of(checked, curscreen).name = line;
-  if (!*s_screen[curscreen].screenname) report(checked, curscreen, line, "the name is missing");
-}
-
-static void check_default(form& checked, int line) {
-  notes_of(checked, curscreen).default_action = line;
-  if (!*s_screen[curscreen].default_string)
-    report(checked, curscreen, line, "the action is missing");
-}
-
 static void check_frame(form& checked, int line) {
   const first_drawing& frame = *s_screen[curscreen].drawings_end;
   check_in_window(checked, line, "the frame", {frame.x, frame.y, frame.w, frame.h});
@@ -62,17 +55,6 @@ static void check_attached(form& checked, int line, const save_text& block) {
 static void check_atext(form& checked, int line) { check_attached(checked, line, *atext); }
 static void check_btext(form& checked, int line) { check_attached(checked, line, *btext); }
 
-// The items of an edit field that its record does not keep: an unknown type or option adds nothing.
-static void check_field(form& checked, int line) {
-  const char* at = first_item(cbuf);
-  for (int passed = 0; passed < 3; passed++) next_item(at);
-  const std::string type(next_item(at)), option(next_item(at));
-  const bool known = (s_screen[curscreen].blp->dbtype & DBT_TYPEMASK) != 0;
-  if (!type.empty() && !known) report(checked, curscreen, line, "unknown type '" + type + "'");
-  if (!option.empty() && option != "N")
-    report(checked, curscreen, line, "'" + option + "' where only N means something");
-}
-
 static void check_position(form& checked, int line) {
   const gadget_list& swin = *s_screen[curscreen].last_swin;
   if (swin.swiny >= 1 && swin.swiny <= swin.h - 2) return;
@@ -82,29 +64,29 @@ static void check_position(form& checked, int line) {
 
 // A directive that is not here needs its numbers alone.
 const std::vector<rule> rules = {
-    {"fulls", sets_window, nullptr},               //
-    {"pop:", sets_window, check_window},           //
-    {"name:", 0, check_name},                      //
-    {"bdefault", in_window, check_default},        //
-    {"text:", in_window | is_block, nullptr},      //
-    {"atext", in_window | is_block, check_atext},  //
-    {"btext", in_window | is_block, check_btext},  //
-    {"box:", in_window, check_frame},              //
-    {"button:", in_window, nullptr},               //
-    {"dbutton:", in_window, nullptr},              //
-    {"pbutton:", in_window, nullptr},              //
-    {"dpbutton:", in_window, nullptr},             //
-    {"etext", in_window, check_field},             //
-    {"detext", in_window, check_field},            //
-    {"checkbox", in_window, nullptr},              //
-    {"dcheckbox", in_window, nullptr},             //
-    {"xcheckbox", in_window, nullptr},             //
-    {"dxcheckbox", in_window, nullptr},            //
-    {"poplist", in_window, nullptr},               //
-    {"swin", in_window, nullptr},                  //
-    {"dswin", in_window, nullptr},                 //
-    {"swhigh", or_cursor, nullptr},                //
-    {"swpos", 0, check_position},                  //
+    {"fulls", sets_window, nullptr, nullptr},               //
+    {"pop:", sets_window, nullptr, check_window},           //
+    {"name:", 0, check_name, nullptr},                      //
+    {"bdefault", in_window, check_default, nullptr},        //
+    {"text:", in_window | is_block, nullptr, nullptr},      //
+    {"atext", in_window | is_block, nullptr, check_atext},  //
+    {"btext", in_window | is_block, nullptr, check_btext},  //
+    {"box:", in_window, nullptr, check_frame},              //
+    {"button:", in_window, check_button, nullptr},          //
+    {"dbutton:", in_window, check_button, nullptr},         //
+    {"pbutton:", in_window, check_button, nullptr},         //
+    {"dpbutton:", in_window, check_button, nullptr},        //
+    {"etext", in_window, check_field, nullptr},             //
+    {"detext", in_window, check_field, nullptr},            //
+    {"checkbox", in_window, check_box, nullptr},            //
+    {"dcheckbox", in_window, check_box, nullptr},           //
+    {"xcheckbox", in_window, check_box, nullptr},           //
+    {"dxcheckbox", in_window, check_box, nullptr},          //
+    {"poplist", in_window, check_pop_list, nullptr},        //
+    {"swin", in_window, check_scroll_window, nullptr},      //
+    {"dswin", in_window, check_scroll_window, nullptr},     //
+    {"swhigh", or_cursor, nullptr, nullptr},                //
+    {"swpos", 0, nullptr, check_position},                  //
 };
 static const rule no_rule = {};
 
@@ -172,12 +154,6 @@ static void check_order(form& checked, int traits) {
 
 // Gadgets by themselves, in the window that they are declared in.
 
-static bool is_shell_name(std::string_view name) {
-  static const std::string_view digits = "0123456789";
-  auto is_good = [](char c) { return is_letter(c) || c == '_' || digits.find(c) != digits.npos; };
-  return std::all_of(name.begin(), name.end(), is_good) && digits.find(name[0]) == digits.npos;
-}
-
 static void check_gadget(form& checked, const declaration& it) {
   const gadget_list& gadget = *it.gadget;
   const bool is_button = kind_of(gadget) == GF_BUTTON;
@@ -229,7 +205,36 @@ static void check_line(form& checked) {
   const bool done = !take_refusal(checked);
   if (wanted.traits & is_block) finish_block(checked, line, done);
   if (wanted.after && done && numbered) wanted.after(checked, line);
+  if (wanted.items && done) wanted.items(checked, line);
   check_gadgets(checked, last, wanted.traits, line, numbered);
+  for (int written = line; written <= line_number; written++) check_references(checked, written);
+}
+
+// The file, which ends with a newline then.
+static std::string whole_file() {
+  std::string text, piece(65536, 0);
+  while (const std::size_t n = fread(piece.data(), 1, piece.size(), sfp)) text.append(piece, 0, n);
+  if (!text.ends_with('\n')) text += '\n';
+  return text;
+}
+
+static std::vector<std::string> lines_of(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream rest(text);
+  for (std::string line; std::getline(rest, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    lines.emplace_back(line.c_str());  // a line ends at a NUL too
+  }
+  return lines;
+}
+
+// Lets the handlers read the file from memory: their rules look at its lines as they are written.
+static void read_from_memory(form& checked, std::string& text) {
+  text = whole_file();
+  checked.lines = lines_of(text);
+  if (sfp != stdin) fclose(sfp);
+  sfp = fmemopen(text.data(), text.size(), "r");
+  if (!sfp) throw std::bad_alloc();
 }
 
 bool check_lines(form& checked) {
@@ -238,6 +243,8 @@ bool check_lines(form& checked) {
     return false;
   }
   checked.screens.push_back({});
+  std::string text;
+  read_from_memory(checked, text);
   for (;;) {
     if (next_directive()) {
       check_line(checked);

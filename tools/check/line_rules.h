@@ -18,7 +18,8 @@ enum {
 struct rule {
   std::string_view keyword;                // as in scrim's table of directives
   int traits;                              // of those above
-  void (*after)(form& checked, int line);  // judges what the handler has left; or null
+  void (*items)(form& checked, int line);  // judges the items of a line that is taken; or null
+  void (*after)(form& checked, int line);  // judges what good numbers have become; or null
 };
 extern const std::vector<rule> rules;
 
