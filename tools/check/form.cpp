@@ -29,6 +29,10 @@ screen_notes& notes_of(form& checked, int screen) {
   return checked.screens[static_cast<std::size_t>(screen)];
 }
 
+bool leaves_form(std::string_view action) { return action.find_first_of("><^") != 0; }
+
+bool is_reached(const screen_notes& screen) { return screen.alone || screen.over; }
+
 const std::string& line_at(const form& checked, int line) {
   return checked.lines[static_cast<std::size_t>(line - 1)];
 }

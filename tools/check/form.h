@@ -6,6 +6,7 @@
 #include "tools/check/findings.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace scrim {
@@ -33,21 +34,47 @@ struct declaration {
 };
 
 struct screen_notes {
-  int name;            // line of the name directive; 0: none
-  int default_action;  // line of the bdefault directive; 0: none
-  bool reached;        // an action leads there, or it is the first
-  bool pops_up;        // an action pops it up
-  bool returns;        // an action of its own is "^"
+  int name;          // line of the name directive; 0: none
+  int title;         // line of the title directive; 0: none
+  int title_length;  // of the title, uncut
+  bool alone;        // it is reached with no screen below
+  bool over;         // it is reached over another screen, to which "^" returns
+  bool returns;      // it is reached, and an action of its own is "^"
+};
+
+// An action as its line gives it, however long.
+struct declared_action {
+  int screen;
+  int line;
+  std::string text;
+  bool of_button;  // else a screen's default
+  bool checks;     // has the Y
+};
+
+// A frame, by itself or of a scroll window.
+struct declared_frame {
+  int screen;
+  int line;
+  const char* name;  // for messages
+  area cells;
 };
 
 struct form {
   std::vector<screen_notes> screens;  // those of s_screen
   std::vector<declaration> gadgets;   // in the order of the files
-  std::vector<std::string> lines;     // of the file being read, as they are written
+  std::vector<declared_action> actions;
+  std::vector<declared_frame> frames;
+  std::vector<std::string> lines;  // of the file being read, as they are written
   findings found;
 };
 
 screen_notes& notes_of(form& checked, int screen);
+
+// Whether an action ends the form; others lead to a screen, or return from one.
+bool leaves_form(std::string_view action);
+
+// Whether a way leads to the screen, or it is the first.
+bool is_reached(const screen_notes& screen);
 
 // A line of the file being read, as it is written.
 const std::string& line_at(const form& checked, int line);

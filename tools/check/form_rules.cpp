@@ -1,29 +1,18 @@
-// tools/check/form_rules: hot keys, variables, names of screens, actions that lead to them, and
-// fields that are checked when the form is left. What covers what is judged in overlaps.
+// tools/check/form_rules: hot keys, variables, groups of boxes, titles, first gadgets, and fields
+// that are checked when the form is left. What covers what is judged in overlaps, where actions
+// lead in ways.
 
 #include "tools/check/form_rules.h"
 
 #include "tools/check/overlaps.h"
+#include "tools/check/ways.h"
 
-#include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace scrim {
-
-// The screen of each name, the first one of those that have it.
-using screen_names = std::map<std::string_view, int>;
-
-static screen_names names_of_screens() {
-  screen_names names;
-  for (int i = 0; i < screens; i++) names.emplace(s_screen[i].screenname, i);
-  return names;
-}
-
-static bool is_button(const gadget_list& gadget) { return kind_of(gadget) == GF_BUTTON; }
 
 static bool has_variable(const gadget_list& gadget) {
   return *gadget.op && (kind_of(gadget) & ~(GF_BUTTON | GF_TEXT)) != 0;
@@ -59,94 +48,83 @@ static void check_variables(form& checked) {
   }
 }
 
-static void check_names(form& checked, const screen_names& names) {
-  for (int i = 0; i < screens; i++) {
-    const std::string name = s_screen[i].screenname;
-    const int same = names.at(name);
-    if (same == i || name.empty()) continue;
-    report(checked, i, notes_of(checked, i).name,
-           "screen name " + name + " is that of " + place(same, notes_of(checked, same).name) +
-               " too");
+static void check_boxes(form& checked) {
+  std::map<int, int> lines;  // of a screen's group: which one is checked first
+  for (const declaration& it : checked.gadgets) {
+    save_text** text = it.gadget->tlink;
+    if (text && !*text)
+      report(checked, it.screen, it.line,
+             std::string("no file of the list has the ") + (text == &atext ? "atext" : "btext") +
+                 " that this checkbox shows");
+    if (kind_of(*it.gadget) != GF_XCHECKBOX || *it.gadget->text != 'X') continue;
+    const auto [first, is_new] = lines.emplace(it.screen, it.line);
+    if (!is_new)
+      report(checked, it.screen, it.line,
+             "checked at first, as the box of its group in line " + std::to_string(first->second) +
+                 " is");
   }
 }
 
-// "^" alone returns.
-static bool leads_to_screen(std::string_view action) {
-  return action.starts_with('>') || action.starts_with('<') ||
-         (action.starts_with('^') && action.size() > 1);
+// A title may cover the whole upper edge, but looks good only between its corners.
+static void check_title_width(form& checked, int i) {
+  const screen_notes& notes = notes_of(checked, i);
+  const per_screen& screen = s_screen[i];
+  const int fit = screen.windw - 2;
+  if (notes.title_length <= fit || fit < 0 || (screen.screentype & ST_OVERLAY)) return;
+  (notes.title_length > screen.windw ? report : report_note)(
+      checked, i, notes.title,
+      "the title has " + std::to_string(notes.title_length) + " characters, and " +
+          std::to_string(fit) + " fit");
 }
 
-static void check_action(form& checked, const screen_names& names, int screen, int line,
-                         const std::string& action) {
-  if (leads_to_screen(action) && !names.contains(action.substr(1)))
-    report(checked, screen, line, "no screen of the list has the name '" + action.substr(1) + "'");
+// Keys other than Enter do not lead out of a text.
+static bool starts_in_text(const per_screen& screen) {
+  if (!screen.gadget_lp || kind_of(*screen.gadget_lp) != GF_TEXT) return false;
+  bool has_way_out = false;
+  for (const gadget_list* gadget = screen.gadget_lp; gadget; gadget = gadget->next) {
+    if (gadget->flags & GF_DEFAULT) return false;
+    has_way_out = has_way_out || navigable(*gadget);
+  }
+  return has_way_out;
 }
 
-static void check_actions(form& checked, const screen_names& names) {
-  for (int i = 0; i < screens; i++)
-    check_action(checked, names, i, notes_of(checked, i).default_action,
-                 s_screen[i].default_string);
+static void check_first_gadgets(form& checked) {
   for (const declaration& it : checked.gadgets)
-    if (is_button(*it.gadget)) check_action(checked, names, it.screen, it.line, it.gadget->op);
+    if (it.gadget->gadgetid == 0 && starts_in_text(s_screen[it.screen]))
+      report_note(checked, it.screen, it.line,
+                  "this text comes first, and is active at first: no gadget has a d");
 }
 
-// The actions that a screen's default and its buttons have.
-static std::vector<std::string_view> actions_of(const per_screen& screen) {
-  std::vector<std::string_view> actions = {screen.default_string};
-  for (const gadget_list* gadget = screen.gadget_lp; gadget; gadget = gadget->next)
-    if (is_button(*gadget)) actions.emplace_back(gadget->op);
-  return actions;
-}
-
-// Notes where an action of a screen leads, which is added to `reached` when it is new.
-static void follow(form& checked, const screen_names& names, std::string_view action,
-                   std::vector<int>& reached) {
-  const auto target = leads_to_screen(action) ? names.find(action.substr(1)) : names.end();
-  if (target == names.end()) return;
-  screen_notes& notes = notes_of(checked, target->second);
-  if (action.starts_with('^')) notes.pops_up = true;
-  if (!notes.reached) reached.push_back(target->second);
-  notes.reached = true;
-}
-
-static void follow_actions(form& checked, const screen_names& names) {
-  std::vector<int> reached = {0};
-  notes_of(checked, 0).reached = true;
-  for (std::size_t i = 0; i < reached.size(); i++) {
-    const int screen = reached[i];
-    for (const std::string_view action : actions_of(s_screen[screen])) {
-      if (action == "^") notes_of(checked, screen).returns = true;
-      follow(checked, names, action, reached);
-    }
-  }
-}
-
-static bool is_checked(const gadget_list& gadget) {
-  return (gadget.flags & GF_ETEXT) && (gadget.dbtype & (DBT_REQUIRED | DBT_DATE));
+static void check_required(form& checked, const declaration& it, bool is_ever_checked) {
+  if (!(it.gadget->dbtype & DBT_REQUIRED)) return;
+  if (!is_ever_checked)
+    report(checked, it.screen, it.line, "N without effect: no action that leaves the form has a Y");
+  if (!is_reached(notes_of(checked, it.screen)))
+    report(checked, it.screen, it.line, "required field on a screen that no action leads to");
 }
 
 // A field that fails its check takes its screen to the top of the stack: "^" there has nothing to
 // return to, unless the screen has been popped up again.
 static void check_checked_fields(form& checked) {
+  const bool is_ever_checked = checks_fields(checked);
   for (const declaration& it : checked.gadgets) {
     if (!is_checked(*it.gadget)) continue;
     const screen_notes& screen = notes_of(checked, it.screen);
-    if ((it.gadget->dbtype & DBT_REQUIRED) && !screen.reached)
-      report(checked, it.screen, it.line, "required field on a screen that no action leads to");
-    if (screen.pops_up && screen.returns)
+    check_required(checked, it, is_ever_checked);
+    if (is_ever_checked && screen.over && screen.returns)
       report_note(checked, it.screen, it.line,
                   "a field that is checked on a pop-up that \"^\" leaves");
   }
 }
 
 void check_form(form& checked) {
-  const screen_names names = names_of_screens();
   check_overlaps(checked);
   check_hot_keys(checked);
   check_variables(checked);
-  check_names(checked, names);
-  check_actions(checked, names);
-  follow_actions(checked, names);
+  check_boxes(checked);
+  for (int i = 0; i < screens; i++) check_title_width(checked, i);
+  check_first_gadgets(checked);
+  check_ways(checked);
   check_checked_fields(checked);
 }
 

@@ -73,14 +73,26 @@ void check_name(form& checked, int line) {
   }
 }
 
+void check_title(form& checked, int line) {
+  const char* title = first_item(cbuf);
+  screen_notes& notes = notes_of(checked, curscreen);
+  notes.title = line;
+  notes.title_length = title ? static_cast<int>(std::strlen(title)) : 0;
+}
+
+// A screen's later default takes the place of an earlier one.
+static bool is_default_here(const declared_action& it) {
+  return it.screen == curscreen && !it.of_button;
+}
+
 void check_default(form& checked, int line) {
-  notes_of(checked, curscreen).default_action = line;
-  const std::string action = item_of(cbuf, 1);
+  const std::string action = item_of(cbuf, 1), option = item_of(cbuf, 2);
+  std::erase_if(checked.actions, is_default_here);
+  checked.actions.push_back({curscreen, line, action, false, option.starts_with('Y')});
   if (action.empty()) report(checked, curscreen, line, "the action is missing");
   check_length(checked, line, "action", action, sizeof(per_screen::default_string) - 1);
-  check_option(checked, line, item_of(cbuf, 2));
-  const bool leaves = action.find_first_of("><^") != 0;
-  if (leaves && action.find(' ') != std::string::npos)
+  check_option(checked, line, option);
+  if (leaves_form(action) && action.find(' ') != std::string::npos)
     report_note(checked, curscreen, line,
                 quoted("RETN=" + action) + " is no assignment for a shell");
 }
@@ -109,6 +121,8 @@ static void check_label(form& checked, int line, int n) {
 static void check_action(form& checked, int line, const std::string& action,
                          const std::string& option) {
   const std::string word = action.substr(0, word_length(action));
+  const bool checks = word == action && option.starts_with('Y');
+  checked.actions.push_back({curscreen, line, word, true, checks});
   check_length(checked, line, "action", word, longest_op);
   if (word == action) return;
   const bool harmless = action.find_first_not_of(' ', word.size()) == std::string::npos &&
@@ -170,6 +184,9 @@ void check_pop_list(form& checked, int line) {
 
 // Further colons belong to the variable of a scroll window.
 void check_scroll_window(form& checked, int line) {
+  const gadget_list& swin = *s_screen[curscreen].last_swin;
+  checked.frames.push_back(
+      {curscreen, line, "the scroll window", {swin.x, swin.y, swin.w, swin.h}});
   const char* at = first_item(cbuf);
   for (int passed = 0; passed < 2; passed++) next_item(at);
   if (at) check_variable(checked, line, std::string(at, word_length(at)));

@@ -10,6 +10,7 @@
 namespace scrim {
 
 void check_name(form& checked, int line);
+void check_title(form& checked, int line);
 void check_default(form& checked, int line);
 void check_button(form& checked, int line);
 void check_field(form& checked, int line);

@@ -39,7 +39,9 @@ static void check_window(form& checked, int line) {
 
 static void check_frame(form& checked, int line) {
   const first_drawing& frame = *s_screen[curscreen].drawings_end;
-  check_in_window(checked, line, "the frame", {frame.x, frame.y, frame.w, frame.h});
+  const area cells = {frame.x, frame.y, frame.w, frame.h};
+  checked.frames.push_back({curscreen, line, "the frame", cells});
+  check_in_window(checked, line, "the frame", cells);
 }
 
 static void check_attached(form& checked, int line, const save_text& block) {
@@ -67,6 +69,7 @@ const std::vector<rule> rules = {
     {"fulls", sets_window, nullptr, nullptr},               //
     {"pop:", sets_window, nullptr, check_window},           //
     {"name:", 0, check_name, nullptr},                      //
+    {"title:", 0, check_title, nullptr},                    //
     {"bdefault", in_window, check_default, nullptr},        //
     {"text:", in_window | is_block, nullptr, nullptr},      //
     {"atext", in_window | is_block, nullptr, check_atext},  //
