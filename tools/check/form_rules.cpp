@@ -1,9 +1,10 @@
 // tools/check/form_rules: hot keys, variables, groups of boxes, titles, first gadgets, and fields
-// that are checked when the form is left. What covers what is judged in overlaps, where actions
-// lead in ways.
+// that are checked when the form is left. What covers what is judged in overlaps, where actions and
+// Enter lead in ways and enter.
 
 #include "tools/check/form_rules.h"
 
+#include "tools/check/enter.h"
 #include "tools/check/overlaps.h"
 #include "tools/check/ways.h"
 
@@ -126,6 +127,7 @@ void check_form(form& checked) {
   check_first_gadgets(checked);
   check_ways(checked);
   check_checked_fields(checked);
+  check_enter(checked);
 }
 
 }  // namespace scrim
