@@ -22,14 +22,14 @@
 namespace scrim {
 
 // A folder of tests/check is a case: its files are one form, in the order of their names, or the
-// lists that its file `call` names; `expected` is what is said of them.
+// lists that its file `call` names; `form.expected` is what is said of them.
 TEST(Check, EveryFindingIsSaidAtItsLine) {
   for (const auto& folder : std::filesystem::directory_iterator(SCRIM_SOURCE "/tests/check")) {
     SCOPED_TRACE(folder.path());
     Terminal t({.directory = folder.path()});
     t.command({"sh", "-c", "exec $0 $(cat call 2>/dev/null || ls *.scrim | paste -s -d , -)",
                SCRIM_CHECK_BINARY});
-    const std::string expected = t.read(folder.path() / "expected");
+    const std::string expected = t.read(folder.path() / "form.expected");
     const bool has_fault = std::regex_search(expected, std::regex("(^|\n)\\S+ (?!note: )"));
     t.expect_exit(has_fault ? 1 : 0, expected);
   }
@@ -58,7 +58,7 @@ TEST(Check, ThePageListsEveryMessage) {
       messages_of(Terminal().read(SCRIM_SOURCE "/man/scrim-check.1"));
   std::set<std::string> met;
   for (const auto& folder : std::filesystem::directory_iterator(SCRIM_SOURCE "/tests/check")) {
-    std::ifstream expected(folder.path() / "expected");
+    std::ifstream expected(folder.path() / "form.expected");
     for (std::string line; std::getline(expected, line);) {
       line = line.substr(line.find(": ") + 2);
       const auto is_it = [&](const std::string& message) {
@@ -150,7 +150,9 @@ TEST(Check, ExamplesAreClean) {
     }
     if (forms.empty()) continue;
     Terminal t({.directory = folder.path()});
-    t.command({"sh", "-c", "LOG_FILE=$0 FOUND=$0 exec $0 -W " + forms, SCRIM_CHECK_BINARY});
+    t.command({"sh", "-c",
+               "export LOG_FILE=$0 FOUND=$0 RECIPE_LOG=$0 RECIPE_POSITION=1,0; exec $0 -W " + forms,
+               SCRIM_CHECK_BINARY});
     t.expect_exit(0, "");
   }
 }

@@ -59,7 +59,7 @@ _scrim_check() {
   local current=${COMP_WORDS[COMP_CWORD]}
   COMPREPLY=()
   case $current in
-    -*) _scrim_options '-q' "$current" ;;
+    -*) _scrim_options '-q -W' "$current" ;;
     *) _scrim_screens "$current" ;;
   esac
 }

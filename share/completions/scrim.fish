@@ -34,6 +34,7 @@ complete -c scrim -s D -d 'Dump the terminal strings'
 
 complete -c scrim-check -f -a '(__scrim_screens)'
 complete -c scrim-check -s q -d 'Print nothing'
+complete -c scrim-check -s W -d 'Take notes for faults'
 
 complete -c scrim-drive -x -a '(__fish_complete_subcommand -r -c -T -k -K -q -w -o)'
 complete -c scrim-drive -s s -d 'Print the picture as SVG'
