@@ -58,42 +58,41 @@ echo "$?")");
 // The calls are the lines of standard input, which no key may come from. A row: the call, a text
 // that its screen shows, what is typed then, the status and A afterwards. Rows without a call are
 // further screens of the call above.
+static const char* const asked[][4] = {
+    {"", "Without a call", "<Enter>", ""},
+    {"scrim_ask Really?", "(Yes)    (No)", "<Enter>", "0 old"},
+    {"scrim_ask \"$long\"", "a:b \"c\" 'd' \\e ${HOME} $HOME `id` _f #g <h (i", "n", "1 old"},
+    {"scrim_ask Köln? 'Y:\\_${H}' '(Yü_s'", "(Y;/_$(H})     ((Y?_s)", "s", "1 old"},
+    {"scrim_input A 'Your\tname?'", "Your    name?", "abc<Enter><Enter>", "0 abc"},
+    {"scrim_input A Old \"$text\"", "[a;b \"c\" 'd' \\e ${HOME} $HOME", "+<LF>", "0 fitted+"},
+    {"scrim_input A Older \"$long\"", "Older", "<Enter><Enter>", "0 long"},
+    {"scrim_input A \"$long\" '\\p'", "[/p ", "<Enter><Enter>", "0 \\p"},
+    {"scrim_input A Changed? x", "Changed?", "y<Esc>", "2 old"},
+    {"scrim_password A Secret?", "Secret?", "\";A=\"s3cret<Enter><Enter>", "0 \";A=\"s3cret"},
+    {"scrim_choose A Which? \"$long\" -b '' x", "│a:b \"c\" 'd' \\e ${HOME} $HOME `id` _f #g│",
+     "<Enter>", "0 long"},
+    {"scrim_choose A One -a -b '' x", "│-b│", "<Ctrl-D><Enter>", "0 -b"},
+    {"scrim_choose A None -a -b ''", "│-b│", "<Ctrl-D><Ctrl-D><Enter>", "0 "},
+    {"scrim_choose A \"Tab: $long\" x Z", "│Z│", "<Tab>", "2 old"},
+    {"scrim_choose A Köln 1 2 3 4 5 6 7 8 9 a b c X e f g h i j k l m n o",
+     "Köln                             │2│", "x<Enter>", "0 X"},
+    {"scrim_tell \"$long\"", "xxxxx    ", " ", "0 old"},
+    {"scrim_tell \"$pages\"", "│   (More)  ", "<Enter>", "0 old"},
+    {"", "line 36", " ", ""},
+    {"", "line 40", "<Enter>", ""},
+    {"scrim_ask \"$pages\"", "line 18", "m", "2 old"},
+    {"", "line 36", "<Esc>", ""},
+    {"scrim_read A -- -f form.scrim; RETN=stale", "[FILL  ", "new<LF>", "0 new"},
+    {"scrim_read A -- -f stdin <form.scrim; RETN=stale", "[FILL  ", "new<LF>", "0 new"},
+    {"scrim_read -- -l -b 1 1 one two; A=$SCRIM SCRIM=7 RETN=stale", "│two│", "<Ctrl-D><Enter>",
+     "0 1"},
+    {"_scrim_program=./none; scrim_tell Lost", "none:", "", "3 old"},
+};
+
 TEST_P(Shell, AsksInsideALoopOverAFile) {
-  const char* const table[][4] = {
-      {"", "Without a call", "<Enter>", ""},
-      {"scrim_ask Really?", "(Yes)    (No)", "<Enter>", "0 old"},
-      {"scrim_ask \"$long\"", "a:b \"c\" 'd' \\e ${HOME} $HOME `id` _f #g <h (i", "n", "1 old"},
-      {"scrim_ask Köln? 'Y:\\_${H}' '(Yü_s'", "(Y;/_$(H})     ((Y?_s)", "s", "1 old"},
-      {"scrim_input A 'Your\tname?'", "Your    name?", "abc<Enter><Enter>", "0 abc"},
-      {"scrim_input A Old \"$text\"", "[a;b \"c\" 'd' \\e ${HOME} $HOME", "+<LF>", "0 fitted+"},
-      {"scrim_input A Older \"$long\"", "Older", "<Enter><Enter>", "0 long"},
-      {"scrim_input A \"$long\" '\\p'", "[/p ", "<Enter><Enter>", "0 \\p"},
-      {"scrim_input A Changed? x", "Changed?", "y<Esc>", "2 old"},
-      {"scrim_password A Secret?", "Secret?", "\";A=\"s3cret<Enter><Enter>", "0 \";A=\"s3cret"},
-      {"scrim_choose A Which? \"$long\" -b '' x", "│a:b \"c\" 'd' \\e ${HOME} $HOME `id` _f #g│",
-       "<Enter>", "0 long"},
-      {"scrim_choose A One -a -b '' x", "│-b│", "<Ctrl-D><Enter>", "0 -b"},
-      {"scrim_choose A None -a -b ''", "│-b│", "<Ctrl-D><Ctrl-D><Enter>", "0 "},
-      {"scrim_choose A \"Tab: $long\" x Z", "│Z│", "<Tab>", "2 old"},
-      {"scrim_choose A Köln 1 2 3 4 5 6 7 8 9 a b c X e f g h i j k l m n o",
-       "Köln                             │2│", "x<Enter>", "0 X"},
-      {"scrim_tell \"$long\"", "xxxxx    ", " ", "0 old"},
-      {"scrim_tell \"$pages\"", "│   (More)  ", "<Enter>", "0 old"},
-      {"", "line 36", " ", ""},
-      {"", "line 40", "<Enter>", ""},
-      {"scrim_ask \"$pages\"", "line 18", "m", "2 old"},
-      {"", "line 36", "<Esc>", ""},
-      {"scrim_read A -- -f form.scrim; RETN=stale", "[FILL  ", "new<LF>", "0 new"},
-      {"scrim_read A -- -f stdin <form.scrim; RETN=stale", "[FILL  ", "new<LF>", "0 new"},
-      {"scrim_read -- -l -b 1 1 one two; A=$SCRIM SCRIM=7 RETN=stale", "│two│", "<Ctrl-D><Enter>",
-       "0 1"},
-      {"_scrim_program=./none; scrim_tell Lost", "none:", "", "3 old"},
-  };
   std::string calls, results;
-  for (const auto& [call, shown, keys, result] : table) {
-    if (*call) calls += std::string(call) + "\n";
-    if (*call) results += std::string(result) + "\n";
-  }
+  for (const auto& [call, shown, keys, result] : asked)
+    if (*call) calls += call + std::string("\n"), results += result + std::string("\n");
   Terminal t({.utf8 = true});
   t.env("LC_ALL", "C.UTF-8");
   t.env("FILLED", "FILL");
@@ -116,8 +115,8 @@ while IFS= read -r call; do
   printf '%s %s\n' "$status" "$A"
 done <calls
 echo "$SCRIM,$RETN,$IFS")sh");
-  for (const auto& [call, shown, keys, result] : table) {
-    SCOPED_TRACE(call);
+  for (const auto& [call, shown, keys, result] : asked) {
+    SCOPED_TRACE(*call ? call : shown);
     t.expect_shown(shown);
     t.type(keys);
   }
