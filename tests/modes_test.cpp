@@ -121,6 +121,8 @@ TEST(Modes, FramesAndTextsAreDrawnWhereAsked) {
     t.expect_cursor(c.cursor_row, c.cursor_column);
     t.expect_exit(0, "");
     EXPECT_EQ(t.raw().find("\033[?1h"), std::string::npos);
+    const bool switches = t.raw().find("\033[10m") < t.raw().find("\033[11m");
+    EXPECT_EQ(switches, c.picture.find('/') != std::string::npos);  // to the characters with "/"
   }
 }
 
