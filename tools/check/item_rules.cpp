@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -97,13 +96,12 @@ void check_default(form& checked, int line) {
                 quoted("RETN=" + action) + " is no assignment for a shell");
 }
 
-// A line as it is written, without the marks that backslashes make: other characters than letters
-// become letters, since they would mean something.
+// A line as it is written, without the marks that backslashes make. A letter stands for any other
+// character that is marked, which would mean something without its mark.
 static std::string without_marks(std::string text) {
-  for (std::size_t at = 0; (at = text.find('\\', at)) != std::string::npos; at++) {
-    const bool marks = at + 1 < text.size() && text[at + 1] != '\\' && !(text[at + 1] & 0x80);
-    if (marks) text.replace(at, 2, 1, is_letter(text[at + 1]) ? text[at + 1] : 'x');
-    if (!marks) at++;
+  for (std::size_t at = 0; (at = text.find('\\', at)) < text.size(); at++) {
+    text.erase(at, 1);
+    if (at < text.size() && !is_letter(text[at])) text[at] = 'x';
   }
   return text;
 }
@@ -125,8 +123,8 @@ static void check_action(form& checked, int line, const std::string& action,
   checked.actions.push_back({curscreen, line, word, true, checks});
   check_length(checked, line, "action", word, longest_op);
   if (word == action) return;
-  const bool harmless = action.find_first_not_of(' ', word.size()) == std::string::npos &&
-                        !word.empty() && !option.starts_with('Y');
+  const bool harmless =
+      action.find_first_not_of(' ', word.size()) == std::string::npos && !option.starts_with('Y');
   (harmless ? report_note : report)(checked, curscreen, line,
                                     "action " + quoted(action) + " is read as " + quoted(word));
 }
@@ -195,7 +193,6 @@ void check_scroll_window(form& checked, int line) {
 // References, which each end at the next "}".
 
 static bool can_be_value(const std::string& name) {
-  if (getenv(name.c_str())) return true;
   auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
   return is_shell_name(name) || (!name.empty() && std::all_of(name.begin(), name.end(), is_digit));
 }

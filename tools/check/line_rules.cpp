@@ -213,21 +213,17 @@ static void check_line(form& checked) {
   for (int written = line; written <= line_number; written++) check_references(checked, written);
 }
 
-// The file, which ends with a newline then.
+// What the file holds, and an empty line: memory without a byte cannot be opened.
 static std::string whole_file() {
   std::string text, piece(65536, 0);
   while (const std::size_t n = fread(piece.data(), 1, piece.size(), sfp)) text.append(piece, 0, n);
-  if (!text.ends_with('\n')) text += '\n';
-  return text;
+  return text + '\n';
 }
 
 static std::vector<std::string> lines_of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream rest(text);
-  for (std::string line; std::getline(rest, line);) {
-    if (line.ends_with('\r')) line.pop_back();
-    lines.emplace_back(line.c_str());  // a line ends at a NUL too
-  }
+  for (std::string line; std::getline(rest, line);) lines.push_back(line);
   return lines;
 }
 

@@ -173,7 +173,6 @@ static bool has_stand_in(const form& checked, const declared_frame& frame) {
 static void check_frames(form& checked, const ways_of_screens& ways) {
   std::map<int, int> returns;  // of each screen that has frames
   for (const declared_frame& frame : checked.frames) {
-    if (!is_reached(notes_of(checked, frame.screen))) continue;
     const auto [found, is_new] = returns.emplace(frame.screen, 0);
     if (is_new) found->second = line_of_return(checked, ways, frame.screen);
     if (found->second != 0 && !has_stand_in(checked, frame))
