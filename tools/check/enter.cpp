@@ -27,7 +27,7 @@ static bool checks(const declaration& it) {
   return is_button(it) && leaves_form(it.gadget->op) && (it.gadget->dbtype & DBT_VALIDATE);
 }
 
-static bool is_word_for_giving_up(std::string word) {
+bool is_word_for_giving_up(std::string word) {
   std::transform(word.begin(), word.end(), word.begin(),
                  [](char c) { return static_cast<char>(lower_case(c)); });
   return std::find(std::begin(words_for_giving_up), std::end(words_for_giving_up), word) !=

@@ -1,0 +1,191 @@
+// scrim-sketch: drawings become screen files, screen files become drawings, and what is lost on the
+// way there and back is nothing that can be seen.
+
+#include "tests/terminal.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <random>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace scrim {
+
+// There and back.
+
+// What a form in the terminal's directory shows and answers to these keys: all cells, the results
+// and the exit status.
+static std::string played(const std::string& directory, const std::string& screen,
+                          const std::string& keys) {
+  Terminal t;
+  t.file("keys", keys);
+  t.emulator.setup.directory = directory;
+  t.emulator.start({"sh", "-c", "exec scrim -f '" + screen + "' <" + t.path("keys")});
+  for (int i = 0; !t.emulator.ended() && i < 2000; i++) t.emulator.pump(10);
+  std::string seen = t.emulator.output() + std::to_string(t.emulator.status()) + "\n";
+  for (int row = 0; row < 24; row++)
+    for (int column = 0; column < 80; column++) {
+      const screen_cell cell = t.emulator.cell(row, column);
+      append_utf8(seen, cell.code);
+      seen += cell.reverse ? "r" : cell.underline ? "u" : "";
+      if (column == 79) seen += '\n';
+    }
+  return seen;
+}
+
+// Draws a screen file of the directory, and makes `made` of the drawing. Returns what went wrong.
+static std::string redraw(const std::string& directory, const std::string& screen,
+                          const std::string& made) {
+  Terminal t;
+  t.emulator.setup.directory = directory;
+  t.emulator.start({"sh", "-c",
+                    "exec 2>&1; " SCRIM_SKETCH " -r '" + screen + "' >" + made +
+                        ".sketch && " SCRIM_SKETCH " " + made + ".sketch >" + made});
+  for (int i = 0; !t.emulator.ended() && i < 2000; i++) t.emulator.pump(10);
+  return t.emulator.status() == 0 ? "" : t.emulator.output() + "?";
+}
+
+class RandomForm {
+ public:
+  explicit RandomForm(unsigned seed) : random_(seed) {}
+
+  // A screen without gadgets over one another, its lines in any order.
+  std::string screen() {
+    const bool full = below(2) == 0;
+    width_ = full ? 79 : 20 + below(58);
+    height_ = full ? 23 : 6 + below(17);
+    const std::string size = std::to_string(width_) + "," + std::to_string(height_);
+    std::string text = full ? one_of({"fulls", "fulls:clear", "fulls:overlay"})
+                            : "pop:" + size + one_of({"", ":clear"});
+    text += "\nname:s\ntitle:" + one_of({"", "Title", " A title ", "-x-", "é"}) + "\n";
+    std::string block = "text:\n";
+    for (row_ = 1; row_ < height_ - 1; row_++) {
+      std::string line;
+      if (below(9) == 0 && row_ + 5 < height_) {
+        block += row_ > 1 ? "\n\n\n\n" : "\n\n\n";
+        rectangle();
+      } else if (below(2) == 0) {
+        fill_row(line);
+      }
+      if (row_ > 1) block += line + "\n";
+    }
+    if (below(3) == 0) gadgets_.push_back("bdefault:" + action());
+    if (below(3) != 0) std::shuffle(gadgets_.begin(), gadgets_.end(), random_);
+    const int place = mixed_ ? 0 : below(static_cast<int>(gadgets_.size()) + 1);
+    gadgets_.insert(gadgets_.begin() + place, block + "endtext:");
+    for (const std::string& line : gadgets_) text += line + "\n";
+    return text;
+  }
+
+  std::string keys() {
+    std::string typed;
+    for (int n = below(30); n > 0; n--)
+      typed += one_of({"\x1bOA", "\x1bOB", "\x1bOC", "\x1bOD", "\x1bOR", "\t", "\r", "\r", " ", "a",
+                       "Z", "1", "\x7f", "\x1b[6~", "x", "s"});
+    return typed + one_of({"", "\n", "\x18"});
+  }
+
+ private:
+  int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+
+  std::string one_of(const std::vector<std::string>& all) {
+    return all[static_cast<std::size_t>(below(static_cast<int>(all.size())))];
+  }
+
+  std::string action() { return one_of({"ok", "save:Y", "cancel", "x:Y", "Cancel", "^s"}); }
+  std::string variable() { return one_of({"A", "NAME_", "LONG_NAME_OF_", "v"}) + count(); }
+  std::string count() { return std::to_string(gadgets_.size()); }
+  std::string value() {
+    return one_of({"", "", "abc", "${HOME}", "a, b", "\\\\p", "\"q\"", " x ", "a\\\\b", "\\xy"});
+  }
+
+  // A frame over five rows, which stay empty.
+  void rectangle() {
+    const std::string place = std::to_string(1 + below(5)) + "," + std::to_string(row_) + "," +
+                              std::to_string(7 + below(width_ - 14)) + ",4";
+    gadgets_.push_back(below(2) == 0 ? "box:" + place
+                                     : one_of({"", "d"}) + "swin:" + place + ":data:" + variable() +
+                                           one_of({"", "\nswhigh:cursor", "\nswpos:3,1"}));
+    row_ += 4;
+  }
+
+  void fill_row(std::string& line) {
+    const int kind = below(6);  // of all, where texts and gadgets have rows of their own
+    for (int x = 2 + below(6); x + 16 < width_; x += 2 + below(4)) {
+      const std::string mark = below(6) == 0 ? "d" : "";
+      const std::string at = std::to_string(x) + "," + std::to_string(row_);
+      switch (mixed_ ? below(6) : kind) {
+        case 0:
+          gadgets_.push_back(mark + "pbutton:" + at + ":" +
+                             one_of({"_Ok", "<_No", "Plain", "a_b_c", " Bla_nk"}) + ":" + action());
+          x += 9;
+          break;
+        case 1: {
+          const int w = 1 + below(std::min(width_ - x - 3, 30));
+          gadgets_.push_back(mark + "etext:" + at + "," + std::to_string(w) +
+                             one_of({"", "/19", "/60"}) + ":" + value() + ":" + variable() + ":" +
+                             one_of({"", "CHAR", "DATE", "NUMBER"}) + ":" + one_of({"", "N"}));
+          x += w + 1;
+          break;
+        }
+        case 2:
+          gadgets_.push_back(mark + one_of({"", "x"}) + "checkbox:" + at + ":" +
+                             one_of({"X", "_", ""}) + ":" + variable());
+          x += 2;
+          break;
+        case 3:
+          if (x + 24 >= width_) break;
+          gadgets_.push_back("poplist:" + at + "::L" + count() + ":" +
+                             one_of({"Open:Closed", "one, two:b c:d", "x:y:z: w"}));
+          x += 17;
+          break;
+        default:
+          if (x < 4) break;
+          line.resize(static_cast<std::size_t>(x - 4), ' ');
+          line += one_of({"Name", "a [b]", "(X) x", "<_y", "+-", "| ${HOME}", "a:b", "né", "x  y"});
+          x = 4 + static_cast<int>(line.size());
+          break;
+      }
+    }
+  }
+
+  std::mt19937 random_;
+  int width_ = 0, height_ = 0, row_ = 0;
+  bool mixed_ = below(3) != 0;  // texts, painted first, and gadgets in one row
+  std::vector<std::string> gadgets_;
+};
+
+// The lines in which two texts differ.
+static std::string difference(std::string a, std::string b) {
+  std::istringstream one(a), two(b);
+  std::string lines;
+  while (std::getline(one, a) && std::getline(two, b))
+    if (a != b) lines += "\n-" + a + "\n+" + b;
+  return lines;
+}
+
+static void expect_same(const std::string& directory, const std::string& screen,
+                        const std::string& keys) {
+  const std::string about = Terminal().read(directory + "/" + screen);
+  ASSERT_EQ(redraw(directory, screen, "again"), "") << about;
+  for (const std::string& typed : {std::string(), keys})
+    ASSERT_TRUE(played(directory, screen, typed) == played(directory, "again", typed))
+        << difference(played(directory, screen, typed), played(directory, "again", typed)) << "\n"
+        << about << Terminal().read(directory + "/again.sketch");
+}
+
+TEST(Sketch, RandomFormsStayTheSame) {
+  const char* wanted = getenv("SCRIM_FORMS");
+  Terminal t;
+  t.file("data", "one\ntwo\nthree\nfour\nfive\n");
+  for (int seed = 1; seed <= (wanted ? atoi(wanted) : 50) && !HasFatalFailure(); seed++) {
+    SCOPED_TRACE("form " + std::to_string(seed));
+    RandomForm form(static_cast<unsigned>(seed));
+    t.file("form", form.screen());
+    expect_same(t.path(""), "form", form.keys());
+  }
+}
+
+}  // namespace scrim

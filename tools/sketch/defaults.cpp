@@ -1,0 +1,392 @@
+// sketch/defaults: Enter goes from a gadget to the one declared before it. So the button that goes
+// on is declared first, then the fields from the last to the first, and the other buttons at the
+// end.
+
+#include "tools/sketch/defaults.h"
+
+#include "common/text.h"
+#include "screens/directives.h"
+#include "tools/check/enter.h"
+#include "tools/check/form.h"
+#include "tools/check/item_rules.h"
+#include "tools/sketch/source.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <numeric>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+namespace scrim {
+
+static const std::size_t longest_name = sizeof(gadget_list::op) - 1;
+static const std::size_t longest_label = sizeof(gadget_list::text) - 1;
+static const std::size_t longest_value = sizeof(gadget_list::text) - 1;
+static const std::size_t longest_action = sizeof(gadget_list::op) - 1;
+static const std::size_t longest_screen_name = longest_action - 1;  // an action's ">" precedes it
+static const int checked_date = 19;                                 // MM/DD/YYYY HH MM SS
+
+// Buttons.
+
+static bool is_button(const gadget& it) {
+  if (!it.verbatim) return it.what == kind::button;
+  const int row = directive_row(it.lines[0]);
+  return row != -1 && std::string_view(file_funcs[row]).ends_with("button:");
+}
+
+// A label as a word for scripts: small letters and digits, a "-" for what is between them.
+static std::string word_of(const std::string& label) {
+  std::string word;
+  for (const char c : label) {
+    const bool good = is_letter(c) || (c >= '0' && c <= '9');
+    if (good) word += static_cast<char>(lower_case(c));
+    if (!good && !word.empty() && word.back() != '-') word += '-';
+  }
+  if (word.ends_with('-')) word.pop_back();
+  return word.substr(0, longest_action);
+}
+
+static std::string default_action(const std::string& label) {
+  const std::string word = word_of(label);
+  return word == "discard" || word == "quit" ? "cancel" : word;
+}
+
+static bool may_go_on(const gadget& it) {
+  if (it.what != kind::button || it.verbatim) return false;
+  const std::string word = word_of(it.key);
+  return it.action.find_first_of("<^") != 0 && word != "help" && !is_word_for_giving_up(word) &&
+         !is_word_for_giving_up(it.action);
+}
+
+// Whether gadget `a` stands before `b` in reading order. Those that are not drawn come last.
+static bool reads_before(const gadget& a, const gadget& b) {
+  return std::tuple(a.verbatim, a.cells.y, a.cells.x) <
+         std::tuple(b.verbatim, b.cells.y, b.cells.x);
+}
+
+static std::vector<std::size_t> reading_order(const sketch& drawn) {
+  std::vector<std::size_t> order(drawn.gadgets.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return reads_before(drawn.gadgets[a], drawn.gadgets[b]);
+  });
+  return order;
+}
+
+static std::size_t button_that_goes_on(const sketch& drawn) {
+  for (const std::size_t i : reading_order(drawn))
+    if (may_go_on(drawn.gadgets[i])) return i;
+  return no_gadget;
+}
+
+static bool has_fields(const sketch& drawn) {
+  return std::any_of(drawn.gadgets.begin(), drawn.gadgets.end(),
+                     [](const gadget& it) { return !it.verbatim && it.what == kind::field; });
+}
+
+static void complete_buttons(sketch& drawn) {
+  for (gadget& it : drawn.gadgets)
+    if (it.what == kind::button && it.action.empty()) it.action = default_action(it.key);
+  const std::size_t first = button_that_goes_on(drawn);
+  for (std::size_t i = 0; i < drawn.gadgets.size(); i++) {
+    gadget& it = drawn.gadgets[i];
+    if (it.what == kind::button && !it.checks)
+      it.checks = i == first && leaves_form(it.action) && has_fields(drawn);
+  }
+}
+
+static void complete_default(sketch& drawn) {
+  const std::size_t first = button_that_goes_on(drawn);
+  if (drawn.default_action || first == no_gadget) return;
+  drawn.default_action = drawn.gadgets[first].action;
+  drawn.default_checks = *drawn.gadgets[first].checks;
+}
+
+// Fields.
+
+static std::string variable_of(const std::string& label) {
+  std::string name;
+  for (const char c : label) {
+    const bool good = is_letter(c) || (c >= '0' && c <= '9');
+    if (good) name += static_cast<char>(upper_case(c));
+    if (!good && !name.empty() && name.back() != '_') name += '_';
+  }
+  name.resize(std::min(name.size(), longest_name));
+  if (name.ends_with('_')) name.pop_back();
+  return name;
+}
+
+static void complete_fields(sketch& drawn) {
+  for (gadget& it : drawn.gadgets) {
+    const bool box = it.what == kind::checkbox || it.what == kind::exclusive;
+    if (it.what == kind::field && it.most == 0) it.most = it.cells.w;
+    if (box && it.variable.empty()) it.variable = variable_of(it.key);
+  }
+}
+
+// Order.
+
+static void complete_order(sketch& drawn) {
+  if (!drawn.order.empty()) return;
+  const std::size_t first = button_that_goes_on(drawn);
+  std::vector<std::size_t> fields, others;
+  for (const std::size_t i : reading_order(drawn))
+    if (i != first) (is_button(drawn.gadgets[i]) ? others : fields).push_back(i);
+  std::reverse(fields.begin(), fields.end());
+  std::vector<std::size_t>& order = drawn.order;
+  if (first != no_gadget) order.push_back(first);
+  // A list has no keyword that makes it active: only the first gadget of the file is so by itself.
+  if (!fields.empty() && drawn.gadgets[fields.back()].what == kind::list &&
+      drawn.active.value_or(fields.back()) == fields.back()) {
+    order.insert(order.begin(), others.begin(), others.end());
+    order.insert(order.begin(), fields.back());
+    fields.pop_back();
+    others.clear();
+  }
+  order.insert(order.end(), fields.begin(), fields.end());
+  order.insert(order.end(), others.begin(), others.end());
+}
+
+// Whether a gadget's own lines make it active at first: their keyword begins with a d.
+static bool is_marked(const gadget& it) {
+  return it.verbatim && std::any_of(it.lines.begin(), it.lines.end(),
+                                    [](const std::string& line) { return line.starts_with('d'); });
+}
+
+bool needs_first_place(const gadget& it) {
+  return it.verbatim ? !is_marked(it) : it.what == kind::list;
+}
+
+static void complete_active(sketch& drawn) {
+  if (drawn.active) return;
+  drawn.active = no_gadget;
+  for (const std::size_t i : drawn.order) {
+    if (!is_marked(drawn.gadgets[i])) continue;
+    drawn.active = i;
+    return;
+  }
+  for (const std::size_t i : reading_order(drawn)) {
+    if (drawn.gadgets[i].verbatim) continue;
+    if (!is_button(drawn.gadgets[i])) {
+      drawn.active = i;
+      return;
+    }
+  }
+  const std::size_t first = button_that_goes_on(drawn);
+  if (first != no_gadget) drawn.active = first;
+  if (first == no_gadget && !drawn.order.empty()) drawn.active = drawn.order.front();
+}
+
+// Frames. What draws them is done once; a text is painted each time.
+
+static bool is_checked(const gadget& it) {
+  return it.what == kind::field && (it.required || it.type == "DATE");
+}
+
+bool comes_back(const sketch& drawn) {
+  bool checked = false, checks = false, leads = false;
+  for (const gadget& it : drawn.gadgets) {
+    if (it.verbatim) continue;
+    checked = checked || is_checked(it);
+    checks = checks || it.checks.value_or(false);
+    leads = leads || it.what == kind::list || (it.what == kind::button && !leaves_form(it.action));
+  }
+  return leads || (checks && checked);
+}
+
+static void add_run(source& from, sketch& drawn, int x, int y, const std::string& text) {
+  drawn.texts.push_back({x, y, text, {}});
+  if (x < first_text_column || y < first_text_row)
+    report(from, {drawn.corner.line + y, drawn.corner.column + x},
+           "this screen is painted again, and a frame in it comes back only "
+           "from the window's third row and fifth column on");
+}
+
+static void add_edges(source& from, sketch& drawn, const extent& frame) {
+  const auto& [x, y, w, h] = frame;
+  const std::string edge = "+" + std::string(static_cast<std::size_t>(w - 2), '-') + "+";
+  for (const int row : {y, y + h - 1}) add_run(from, drawn, x, row, edge);
+  for (int row = y + 1; row < y + h - 1; row++)
+    for (const int column : {x, x + w - 1}) add_run(from, drawn, column, row, "|");
+}
+
+static bool crosses_window(const sketch& drawn, int y, int x, int end) {
+  return std::any_of(drawn.gadgets.begin(), drawn.gadgets.end(), [&](const gadget& it) {
+    return it.what == kind::window && !it.verbatim && y >= it.cells.y &&
+           y < it.cells.y + it.cells.h && x < it.cells.x + it.cells.w && end > it.cells.x;
+  });
+}
+
+// Whether `behind` can be written as the end of `run`, with blanks for what is between them.
+static bool can_join(const sketch& drawn, const text_run& run, const text_run& behind) {
+  const auto end = run.x + static_cast<int>(run.text.size());
+  const bool shifts = std::any_of(run.text.begin(), run.text.end(),
+                                  [](char c) { return (c & 0x80) != 0 || c == '$'; });
+  return run.y == behind.y && end <= behind.x && !shifts &&
+         !crosses_window(drawn, run.y, end, behind.x);
+}
+
+static void join_runs(sketch& drawn) {
+  std::vector<text_run>& all = drawn.texts;
+  std::stable_sort(all.begin(), all.end(), [](const text_run& a, const text_run& b) {
+    return std::tuple(a.y, a.x) < std::tuple(b.y, b.x);
+  });
+  std::vector<text_run> joined;
+  for (const text_run& it : all) {
+    if (joined.empty() || !can_join(drawn, joined.back(), it)) {
+      joined.push_back(it);
+    } else {
+      std::string& text = joined.back().text;
+      text.resize(static_cast<std::size_t>(it.x - joined.back().x), ' ');
+      text += it.text;
+    }
+  }
+  all = joined;
+}
+
+// Lets texts stand in for the frames, where these would not come back.
+static void complete_frames(source& from, sketch& drawn) {
+  if (!comes_back(drawn)) return;
+  for (const extent& it : drawn.boxes) add_edges(from, drawn, it);
+  drawn.boxes.clear();
+  for (const gadget& it : drawn.gadgets)
+    if (it.what == kind::window && !it.verbatim) add_edges(from, drawn, it.cells);
+  join_runs(drawn);
+}
+
+// What cannot stay as it was drawn.
+
+static void check_length(source& from, const gadget& it, const std::string& what,
+                         const std::string& text, std::size_t most) {
+  if (text.size() > most)
+    report(from, it.drawn,
+           what + " '" + text + "' is too long: " + std::to_string(most) + " characters are kept");
+  if (what != "the file" && text.find(':', text.rfind('}') + 1) != std::string::npos)
+    report(from, it.drawn, what + " '" + text + "' has a colon, at which it would end");
+}
+
+static void check_variable(source& from, const gadget& it) {
+  if (it.what == kind::button || (it.what == kind::window && it.variable.empty())) return;
+  if (it.variable.size() > longest_name || !is_shell_name(it.variable))
+    report(from, it.drawn,
+           "'" + it.variable + "' is no variable: letters, digits and '_', " +
+               std::to_string(longest_name) + " at most; the legend can name another");
+}
+
+static void check_field(source& from, const gadget& it) {
+  if (it.what != kind::field) return;
+  if (it.type == "DATE" && it.most < checked_date)
+    report(from, it.drawn,
+           "a date takes " + std::to_string(checked_date) + " characters: draw the field " +
+               std::to_string(checked_date - it.cells.w) + " wider, or let the legend say 'most " +
+               std::to_string(checked_date) + "'");
+  if (it.most > static_cast<int>(longest_value))
+    report(from, it.drawn,
+           "a field takes " + std::to_string(longest_value) + " characters at most");
+}
+
+// The columns of a list: those of its longest word and two more. What a reference will be is not
+// known.
+static std::size_t list_width(const gadget& it) {
+  std::size_t width = it.variable.size();
+  for (const std::string& entry : it.entries) width = std::max(width, entry.size());
+  if (it.value.find("${") == std::string::npos) width = std::max(width, it.value.size());
+  return width + 2;
+}
+
+static void check_list(source& from, gadget& it) {
+  if (it.what != kind::list) return;
+  if (it.entries.size() < 2)
+    report(from, it.drawn, "a list has two entries at least: let the legend name them");
+  for (const std::string& entry : it.entries)
+    check_length(from, it, "the entry", entry, longest_value);
+  const std::size_t width = list_width(it);
+  if (width > static_cast<std::size_t>(it.cells.w))
+    report(from, it.drawn,
+           "a list as wide as its longest word and two more: draw it " +
+               std::to_string(width - static_cast<std::size_t>(it.cells.w)) + " wider");
+  it.cells.w = static_cast<int>(width);
+}
+
+static void check_gadget(source& from, gadget& it) {
+  if (it.verbatim) return;
+  if (it.what == kind::button) {
+    check_length(from, it, "the label", it.label, longest_label - 1);
+    check_length(from, it, "the action", it.action, longest_action);
+    if (it.action.empty() || it.action.find(' ') != std::string::npos)
+      report(from, it.drawn, "an action is one word: let the legend name another");
+  }
+  check_variable(from, it);
+  check_length(from, it, "the value", it.value, longest_value);
+  check_length(from, it, "the file", it.file, 400);
+  check_field(from, it);
+  check_list(from, it);
+}
+
+static char hot_key(const gadget& it) {
+  const std::size_t mark = it.label.find('_');
+  return mark == std::string::npos || mark + 1 == it.label.size()
+             ? '\0'
+             : static_cast<char>(lower_case(it.label[mark + 1]));
+}
+
+static void check_unique(source& from, const sketch& drawn) {
+  std::map<std::string, const gadget*> seen;
+  for (const gadget& it : drawn.gadgets) {
+    if (it.verbatim) continue;
+    const bool button = it.what == kind::button;
+    const std::string name = button ? std::string(1, hot_key(it)) : it.variable;
+    if (name.empty() || !name[0]) continue;
+    const auto [first, is_new] = seen.emplace((button ? "_" : "=") + name, &it);
+    if (!is_new)
+      report(from, it.drawn,
+             (button ? "two buttons with the hot key " : "two gadgets of the name ") + name +
+                 ": the other one is in line " + std::to_string(first->second->drawn.line));
+  }
+}
+
+static void check_order(source& from, const sketch& drawn) {
+  std::vector<std::size_t> sorted = drawn.order;
+  std::sort(sorted.begin(), sorted.end());
+  const bool whole = sorted.size() == drawn.gadgets.size() &&
+                     std::adjacent_find(sorted.begin(), sorted.end()) == sorted.end();
+  if (!whole)
+    report(from, {static_cast<int>(from.lines.size()), 1},
+           "the order has to name every gadget, and each once");
+  if (*drawn.active == no_gadget || drawn.active == drawn.order.front()) return;
+  const gadget& active = drawn.gadgets[*drawn.active];
+  if (needs_first_place(active))
+    report(from, active.drawn, "what is active at first has to be the first of the order here");
+}
+
+static void check_attached(source& from, const sketch& drawn) {
+  for (const attached_text& it : drawn.attached)
+    for (const char letter : it.letters)
+      for (const std::string& line : drawn.attached_lines[letter == 'a' ? 0 : 1])
+        if (line.size() > static_cast<std::size_t>(it.cells.w))
+          report(from, it.drawn,
+                 "the text '" + line + "' has " + std::to_string(line.size()) +
+                     " characters: draw this wider");
+}
+
+void complete(source& from, sketch& drawn) {
+  complete_buttons(drawn);
+  complete_default(drawn);
+  complete_fields(drawn);
+  complete_order(drawn);
+  complete_active(drawn);
+  complete_frames(from, drawn);
+  for (gadget& it : drawn.gadgets) check_gadget(from, it);
+  check_unique(from, drawn);
+  if (!drawn.gadgets.empty()) check_order(from, drawn);
+  check_attached(from, drawn);
+  if (drawn.name.size() > longest_screen_name)
+    report(from, {1, 1},
+           "the screen's name is too long: " + std::to_string(longest_screen_name) +
+               " characters at most");
+}
+
+}  // namespace scrim

@@ -1,0 +1,20 @@
+// sketch/defaults: what neither picture nor legend says: actions, variables, the order of the
+// gadgets, the active one. And what cannot stay as it was drawn.
+#pragma once
+
+#include "tools/sketch/sketch.h"
+#include "tools/sketch/source.h"
+
+namespace scrim {
+
+// Completes a sketch, and notes what is wrong with it.
+void complete(source& from, sketch& drawn);
+
+// Whether the screen is painted again after something that is done on it: what is drawn only once,
+// frames and scroll windows, is gone then.
+bool comes_back(const sketch& drawn);
+
+// Whether nothing but being the first gadget of the screen file makes this one active at first.
+bool needs_first_place(const gadget& it);
+
+}  // namespace scrim
