@@ -1,4 +1,5 @@
-// The Debian package of what is built, unpacked: it holds what it should, and works from there.
+// The Debian package of what is built holds what it should and works where it is unpacked; an
+// installation goes away again.
 
 #include "tests/terminal.h"
 
@@ -32,6 +33,21 @@ TEST(Package, WorksWhereItIsUnpacked) {
           "/usr/share/doc/scrim/examples/customer/customer.sh");
   t.type("Smith<Ctrl-X>");
   t.expect_exit(0, root + "/usr/bin/scrim\nNothing saved (cancel).\n");
+}
+
+TEST(Package, InstallationNamesItsPlaceAndGoesAwayAgain) {
+  Terminal t;
+  t.env("DESTDIR", t.path("stage"));
+  t.env("INSTALL", "-D CMAKE_INSTALL_PREFIX=/opt/x -P " SCRIM_BUILD "/cmake_install.cmake");
+  t.env("UNINSTALL", "-P " SCRIM_SOURCE "/cmake/uninstall.cmake");
+  t.shell(
+      "here=$PWD; mkdir -p stage/opt/x/bin; cd stage/opt/x;"
+      "cmake -D lists=$here $INSTALL >$here/log; touch share/zsh/own; ls -d bin/scrim share/zsh/*;"
+      "grep -ho '/opt/.*/scrim.sh' share/man/man7/* | uniq;"
+      "cmake -D lists=$here $UNINSTALL >$here/log; echo $(find | sort)");
+  t.expect_exit(0,
+                "bin/scrim\nshare/zsh/own\nshare/zsh/site-functions\n/opt/x/share/scrim/scrim.sh\n"
+                ". ./bin ./share ./share/zsh ./share/zsh/own\n");
 }
 
 }  // namespace scrim

@@ -2,7 +2,7 @@
 # scrim.sh: ask one question in one line, and use a form's answer without eval; see scrim.sh(7).
 # Any POSIX shell: dash, bash, busybox sh, ksh.
 #
-#     . /usr/share/scrim/scrim.sh
+#     . share/scrim/scrim.sh      # below the prefix that it is installed in
 #     scrim_ask 'Delete the old backups?' && rm -rf old
 #     scrim_read CUST CITY -- -f customer.scrim || exit
 #     [ "$RETN" = ok ] && printf '%s\n' "$CUST"
