@@ -66,8 +66,9 @@ struct entity {
   const char* text;
 };
 static const entity entities[] = {
-    {'&', "&amp;"},  //
-    {'<', "&lt;"},   //
+    {' ', "\u00A0"},  // browsers draw several blanks as one
+    {'&', "&amp;"},   //
+    {'<', "&lt;"},    //
     {'>', "&gt;"},
 };
 
@@ -176,9 +177,7 @@ std::string svg_picture(const Emulator& emulator) {
   std::string svg;
   add_paper(svg, 2 * margin + emulator.columns() * cell_width,
             2 * margin + emulator.rows() * cell_height);
-  svg +=
-      "<g font-family=\"DejaVu Sans Mono,Menlo,Consolas,monospace\" font-size=\"15\" "
-      "xml:space=\"preserve\">\n";
+  svg += "<g font-family=\"DejaVu Sans Mono,Menlo,Consolas,monospace\" font-size=\"15\">\n";
   for (int row = 0; row < emulator.rows(); row++) {
     run cells = {row, 0, 0};
     while (cells.end < emulator.columns()) {
