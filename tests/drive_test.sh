@@ -41,6 +41,14 @@ check 'the reverse cells' 0 'got 78' 'width="27" height="18" fill="#e4e4e4"/>' -
 check 'a code that is no character' 0 '' '>a�b</text>' -s -u \
   sh -c "printf 'a\364\220\200\200b' >&2"
 check 'a name that would act on the terminal' 125 '' '?[31m: No such' -K "$(printf '\033[31m')" true
+# A film: the first screen for 1500 ms, 80 each for "a", "ü" and the first of two equal keys, 800 for
+# the second one, and 2000 at the end. Where nothing moves, the second frame is seen.
+for part in '{g{animation:4540ms step-end infinite}' '>aü</text>' '×2</text>' \
+  'k1{0%{visibility:hidden}33.0396%{visibility:visible}34.8018%{visibility:hidden}}' \
+  '<g style="animation-name:k1">' '<g style="animation-name:k0" visibility="hidden">'; do
+  check 'a film' 0 '' "$part" -a "$work/a film.svg" -k 'a<shot>ü<Tab><Tab>' \
+    sh -c 'stty -icanon min 1; dd bs=1 count=5 >/dev/null 2>&1'
+done
 check 'unknown key name' 125 '' 'no key <Fire>' -k 'a<Fire>' sh -c 'echo started'
 check 'a name without end' 125 '' 'no > after <Tab' -k '<Tab' sh -c 'echo started'
 wait

@@ -71,16 +71,16 @@ _scrim_drive() {
   for ((i = 1; i < COMP_CWORD; i++)); do
     case $option,${COMP_WORDS[i]} in
       ,--) ((i++)) && break ;;
-      ,-[rcTkKqwo] | ,-[su]*[rcTkKqwo]) option=${COMP_WORDS[i]} ;;
+      ,-[rcTkKqwoa] | ,-[su]*[rcTkKqwoa]) option=${COMP_WORDS[i]} ;;
       ,-*) ;;
       ,*) break ;;
       *) option= ;;
     esac
   done
   case $i,$option,$current in
-    "$COMP_CWORD",*[Ko],*) _scrim_names '' -f -- "$current" ;;
+    "$COMP_CWORD",*[Koa],*) _scrim_names '' -f -- "$current" ;;
     "$COMP_CWORD",?*,*) ;;
-    "$COMP_CWORD",,-*) _scrim_options '-s -u -r -c -T -k -K -q -w -o' "$current" ;;
+    "$COMP_CWORD",,-*) _scrim_options '-s -u -r -c -T -k -K -q -w -o -a' "$current" ;;
     "$COMP_CWORD",*) _scrim_names '' -c -- "$current" ;;
     *) _scrim_names '' -f -- "$current" ;;
   esac

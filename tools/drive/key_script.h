@@ -14,13 +14,15 @@ enum step_kind { type_keys, wait_a_time, take_shot };
 
 struct key_step {
   step_kind kind;
-  std::string bytes;  // of type_keys
-  int time;           // of wait_a_time, in ms
+  int time;           // ms: how long a wait takes, and how long a film shows what a step led to
+  std::string keys;   // of type_keys: as the script has them
+  std::string bytes;  // and as the terminal sends them
 };
 
-// The steps of a key script: a text, a key, a <wait> or a <shot> each. Line breaks, and the blanks
-// that indent the line behind, only lay the script out.
-std::vector<key_step> steps_of(std::string script, const std::string& term);
+// The steps of a key script: a text (or each of its characters), a key, a <wait> or a <shot>. Line
+// breaks, and the blanks that indent the line behind, only lay the script out.
+enum text_pace { at_once, by_character };
+std::vector<key_step> steps_of(std::string script, const std::string& term, text_pace pace);
 
 // The decimal number that is all of the text; ends the program when it is not from least to most.
 int number_in(const std::string& text, int least, int most);

@@ -1,6 +1,7 @@
 // scrim-drive: runs a command in a terminal of its own, types a key script into it, and prints the
 // screen that the command shows. The command's standard output and exit status pass through.
 
+#include "tools/drive/film.h"
 #include "tools/drive/key_script.h"
 #include "tools/emulator/emulator.h"
 #include "tools/emulator/picture.h"
@@ -28,6 +29,7 @@ struct drive_options {
   emulator_setup setup;
   std::string keys;
   const char* picture_file = nullptr;  // null: standard error
+  const char* film_file = nullptr;     // null: no film
   bool svg = false;
   int quiet = 50;       // ms without output after which the next key is typed
   int patience = 2000;  // ms for the command to end after the last key
@@ -36,7 +38,7 @@ struct drive_options {
 [[noreturn]] static void show_usage() {
   fputs(
       "usage: scrim-drive [-su] [-r rows] [-c columns] [-T term] [-k keys | -K file]\n"
-      "                   [-q ms] [-w ms] [-o file] [--] command [argument ...]\n",
+      "                   [-q ms] [-w ms] [-o file] [-a file] [--] command [argument ...]\n",
       stderr);
   exit(own_failure);
 }
@@ -66,6 +68,7 @@ static const option_row option_rows[] = {
     {"q:", [](auto& chosen, auto word) { chosen.quiet = number_in(word, 1, most_time); }},
     {"w:", [](auto& chosen, auto word) { chosen.patience = number_in(word, 0, most_time); }},
     {"o:", [](auto& chosen, auto word) { chosen.picture_file = word; }},
+    {"a:", [](auto& chosen, auto word) { chosen.film_file = word; }},
 };
 
 static void take_option(drive_options& options, int letter) {
@@ -96,17 +99,23 @@ static void await_key(Emulator& emulator, const drive_options& options) {
   emulator.await_key(options.quiet, std::max(key_limit, 10 * options.quiet));
 }
 
+static void take(Emulator& emulator, const key_step& step, const drive_options& options) {
+  if (step.kind == wait_a_time) pump_for(emulator, step.time);
+  if (step.kind != type_keys) return;
+  emulator.send(step.bytes);
+  await_key(emulator, options);
+}
+
 // Returns the picture of the last <shot>, or else of the last screen.
 static std::string play(Emulator& emulator, const std::vector<key_step>& steps,
-                        const drive_options& options) {
+                        const drive_options& options, screen_film& film) {
   auto* picture = options.svg ? svg_picture : text_picture;
   std::optional<std::string> shot;
   for (const key_step& step : steps) {
+    if (step.kind == type_keys && emulator.ended()) continue;
+    take(emulator, step, options);
+    if (options.film_file) add_frame(film, emulator, step);
     if (step.kind == take_shot) shot = picture(emulator);
-    if (step.kind == wait_a_time) pump_for(emulator, step.time);
-    if (step.kind != type_keys || emulator.ended()) continue;
-    emulator.send(step.bytes);
-    await_key(emulator, options);
   }
   return shot ? *shot : picture(emulator);
 }
@@ -134,11 +143,15 @@ static int end_of(Emulator& emulator, int patience) {
 
 static int drive(int count, char** words) {
   const drive_options options = read_options(count, words);
-  const std::vector<key_step> steps = steps_of(options.keys, options.setup.term);
+  const text_pace pace = options.film_file ? by_character : at_once;
+  const std::vector<key_step> steps = steps_of(options.keys, options.setup.term, pace);
   Emulator emulator(options.setup);
   if (!emulator.start({words + optind, words + count})) give_up("no terminal or no process");
   await_key(emulator, options);
-  write_picture(play(emulator, steps, options), options.picture_file);
+  screen_film film;
+  if (options.film_file) add_frame(film, emulator, opening);
+  write_picture(play(emulator, steps, options, film), options.picture_file);
+  if (options.film_file) write_picture(svg_film(film, emulator), options.film_file);
   return end_of(emulator, options.patience);
 }
 

@@ -92,4 +92,14 @@ std::vector<std::string> pieces_of(const std::string& script) {
   return pieces;
 }
 
+std::vector<std::string> characters_of(const std::string& text) {
+  std::vector<std::string> characters;
+  for (const char byte : text) {
+    const bool begun = !characters.empty() && (characters.back()[0] & 0xC0) == 0xC0;
+    if (!begun || (byte & 0xC0) != 0x80 || characters.back().size() == 4) characters.emplace_back();
+    characters.back() += byte;
+  }
+  return characters;
+}
+
 }  // namespace scrim

@@ -10,6 +10,9 @@ namespace scrim {
 // The pieces of a key script in their order: those of "ab<Left>c" are "ab", "<Left>" and "c".
 std::vector<std::string> pieces_of(const std::string& script);
 
+// The characters of a text: sequences of UTF-8, and other bytes alone.
+std::vector<std::string> characters_of(const std::string& text);
+
 struct typed_bytes {
   std::string bytes;
   std::string fault;  // why there are no bytes; empty: there are

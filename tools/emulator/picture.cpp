@@ -3,6 +3,9 @@
 
 #include "tools/emulator/picture.h"
 
+#include "tools/emulator/key_names.h"
+
+#include <algorithm>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +15,7 @@ namespace scrim {
 
 static const int cell_width = 9, cell_height = 18, margin = 9;  // SVG units
 static const int baseline = 14;                                 // from the top of the cell
+static const int key_strip = 30;                                // height of the strip for keys
 static const double middle_x = 4.5;  // of a cell; strokes on the middle of a pixel are sharp
 static const double middle_y = 9.5;
 static const char ink[] = "#e4e4e4", paper[] = "#1c1f26", cursor_color[] = "#ffb454";
@@ -120,19 +124,24 @@ static void add_lines(std::string& svg, const Emulator& emulator, run cells, con
   svg += "\"/>\n";
 }
 
+static void open_text(std::string& svg, int x, int y, int width, const char* color) {
+  add(svg, R"(<text x="%d" y="%d" textLength="%d" lengthAdjust="spacingAndGlyphs" fill="%s">)", x,
+      y + baseline, width, color);
+}
+
 static void add_text(std::string& svg, const Emulator& emulator, run cells, const char* color) {
   auto& [row, column, end] = cells;
   while (column < end && emulator.cell(row, column).code == ' ') column++;
   while (column < end && emulator.cell(row, end - 1).code == ' ') end--;
   if (column == end) return;
-  add(svg, R"(<text x="%d" y="%d" textLength="%d" lengthAdjust="spacingAndGlyphs" fill="%s">)",
-      x_of(column), y_of(row) + baseline, (end - column) * cell_width, color);
+  open_text(svg, x_of(column), y_of(row), (end - column) * cell_width, color);
   for (; column < end; column++)
     if (const std::uint32_t code = emulator.cell(row, column).code) add_character(svg, code);
   svg += "</text>\n";
 }
 
-static void add_run(std::string& svg, const Emulator& emulator, run cells) {
+static std::string svg_run(const Emulator& emulator, run cells) {
+  std::string svg;
   const screen_cell first = emulator.cell(cells.row, cells.column);
   const int x = x_of(cells.column), y = y_of(cells.row);
   const int width = (cells.end - cells.column) * cell_width;
@@ -143,15 +152,65 @@ static void add_run(std::string& svg, const Emulator& emulator, run cells) {
   if (first.underline)
     add(svg, "<path d=\"M%d %g h%d\" stroke=\"%s\"/>\n", x, y + cell_height - 1.5, width, color);
   (is_line(first) ? add_lines : add_text)(svg, emulator, cells, color);
+  return svg;
 }
 
-static void add_cursor(std::string& svg, const Emulator& emulator) {
-  if (!emulator.cursor_visible()) return;
+std::vector<std::string> svg_runs(const Emulator& emulator) {
+  std::vector<std::string> runs;
+  for (int row = 0; row < emulator.rows(); row++) {
+    run cells = {row, 0, 0};
+    while (cells.end < emulator.columns()) {
+      cells = run_at(emulator, row, cells.end);
+      runs.push_back(svg_run(emulator, cells));
+    }
+  }
+  return runs;
+}
+
+std::string svg_cursor(const Emulator& emulator) {
+  if (!emulator.cursor_visible()) return "";
+  std::string svg;
   const VTermPos cursor = emulator.cursor();
   add(svg,
       "<rect x=\"%d\" y=\"%d\" width=\"%d\" height=\"%d\" fill=\"%s\" fill-opacity=\"0.45\" "
       "stroke=\"%s\"/>\n",
       x_of(cursor.col), y_of(cursor.row), cell_width, cell_height, cursor_color, cursor_color);
+  return svg;
+}
+
+// The code of one character, as characters_of() has it.
+static std::uint32_t code_of(const std::string& character) {
+  std::uint32_t code = static_cast<unsigned char>(character[0]);
+  if (character.size() == 1) return code;  // a byte alone is a character of ISO 8859-1
+  code &= 0x7FU >> character.size();
+  for (const char byte : character.substr(1))
+    code = code << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
+  return code;
+}
+
+// Adds a key at x, from the left of the strip. Returns its width.
+static int add_key(std::string& svg, const shown_key& key, int x) {
+  const std::string times = key.times > 1 ? " \u00d7" + std::to_string(key.times) : "";
+  const auto characters = characters_of(key.text + times);
+  const int width = static_cast<int>(characters.size()) * cell_width;
+  const int border = key.times > 0 ? cell_width : 0;
+  if (border > 0)
+    add(svg, R"(<rect x="%d" width="%d" height="%d" rx="4" fill="%s"/>)", x, width + 2 * border,
+        cell_height, edge);
+  open_text(svg, x + border, 0, width, border > 0 ? ink : cursor_color);
+  for (const std::string& character : characters) add_character(svg, code_of(character));
+  svg += "</text>\n";
+  return width + 2 * border + cell_width;
+}
+
+std::string svg_keys(const Emulator& emulator, const std::vector<shown_key>& keys) {
+  std::string parts, svg;
+  int width = 0;
+  for (const shown_key& key : keys) width += add_key(parts, key, width);
+  // Of more keys than there is room for, the last ones are seen.
+  const int left = std::min(x_of(1), x_of(emulator.columns()) - width);
+  add(svg, "<g transform=\"translate(%d %d)\">\n", left, y_of(emulator.rows()) + 13);
+  return svg + parts + "</g>\n";
 }
 
 static void add_paper(std::string& svg, int width, int height) {
@@ -173,20 +232,20 @@ std::string text_picture(const Emulator& emulator) {
   return text;
 }
 
-std::string svg_picture(const Emulator& emulator) {
+std::string svg_document(const Emulator& emulator, picture_shape shape, const std::string& parts) {
+  const int width = 2 * margin + emulator.columns() * cell_width, end = y_of(emulator.rows());
   std::string svg;
-  add_paper(svg, 2 * margin + emulator.columns() * cell_width,
-            2 * margin + emulator.rows() * cell_height);
+  add_paper(svg, width, end + margin + (shape == with_keys ? key_strip : 0));
+  if (shape == with_keys)
+    add(svg, "<path d=\"M1 %gH%d\" stroke=\"%s\"/>\n", end + 6.5, width - 1, edge);
   svg += "<g font-family=\"DejaVu Sans Mono,Menlo,Consolas,monospace\" font-size=\"15\">\n";
-  for (int row = 0; row < emulator.rows(); row++) {
-    run cells = {row, 0, 0};
-    while (cells.end < emulator.columns()) {
-      cells = run_at(emulator, row, cells.end);
-      add_run(svg, emulator, cells);
-    }
-  }
-  add_cursor(svg, emulator);
-  return svg + "</g>\n</svg>\n";
+  return svg + parts + "</g>\n</svg>\n";
+}
+
+std::string svg_picture(const Emulator& emulator) {
+  std::string parts;
+  for (const std::string& run : svg_runs(emulator)) parts += run;
+  return svg_document(emulator, screen_alone, parts + svg_cursor(emulator));
 }
 
 }  // namespace scrim
