@@ -44,15 +44,15 @@ bool is_shell_name(std::string_view name) {
 }
 
 // What a shell, or a script that uses scrim, has its own use for.
-static bool is_taken(std::string_view name) {
-  return name == "SCRIM" || name == "PATH" || name == "IFS";
+bool has_other_use(std::string_view name) {
+  return name == "RETN" || name == "SCRIM" || name == "PATH" || name == "IFS";
 }
 
 static void check_variable(form& checked, int line, const std::string& name) {
   check_length(checked, line, "variable", name, longest_op);
   if (name == "RETN")
     report(checked, curscreen, line, "variable RETN is that of the form's result");
-  if (is_taken(name))
+  if (has_other_use(name) && name != "RETN")
     report_note(checked, curscreen, line, "variable " + name + " has another use in scripts");
 }
 

@@ -20,6 +20,9 @@ void check_scroll_window(form& checked, int line);
 
 bool is_shell_name(std::string_view name);
 
+// Whether a shell, or a script that uses scrim, has its own use for the variable.
+bool has_other_use(std::string_view name);
+
 // Judges the references ${NAME} of a line as it is written.
 void check_references(form& checked, int line);
 

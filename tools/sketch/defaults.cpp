@@ -82,19 +82,13 @@ static std::size_t button_that_goes_on(const sketch& drawn) {
   return no_gadget;
 }
 
-static bool has_fields(const sketch& drawn) {
-  return std::any_of(drawn.gadgets.begin(), drawn.gadgets.end(),
-                     [](const gadget& it) { return !it.verbatim && it.what == kind::field; });
-}
-
 static void complete_buttons(sketch& drawn) {
   for (gadget& it : drawn.gadgets)
     if (it.what == kind::button && it.action.empty()) it.action = default_action(it.key);
   const std::size_t first = button_that_goes_on(drawn);
   for (std::size_t i = 0; i < drawn.gadgets.size(); i++) {
     gadget& it = drawn.gadgets[i];
-    if (it.what == kind::button && !it.checks)
-      it.checks = i == first && leaves_form(it.action) && has_fields(drawn);
+    if (it.what == kind::button && !it.checks) it.checks = i == first && leaves_form(it.action);
   }
 }
 
@@ -122,7 +116,8 @@ static std::string variable_of(const std::string& label) {
 static void complete_fields(sketch& drawn) {
   for (gadget& it : drawn.gadgets) {
     const bool box = it.what == kind::checkbox || it.what == kind::exclusive;
-    if (it.what == kind::field && it.most == 0) it.most = it.cells.w;
+    if (it.what == kind::field && it.most == 0)
+      it.most = std::min(it.cells.w, static_cast<int>(longest_value));
     if (box && it.variable.empty()) it.variable = variable_of(it.key);
   }
 }
@@ -220,13 +215,14 @@ static bool crosses_window(const sketch& drawn, int y, int x, int end) {
   });
 }
 
-// Whether `behind` can be written as the end of `run`, with blanks for what is between them.
+// Whether `behind` can be written as the end of `run`, with blanks for what is between them. What
+// stands in for a scroll window's frame stays within the window.
 static bool can_join(const sketch& drawn, const text_run& run, const text_run& behind) {
   const auto end = run.x + static_cast<int>(run.text.size());
   const bool shifts = std::any_of(run.text.begin(), run.text.end(),
                                   [](char c) { return (c & 0x80) != 0 || c == '$'; });
   return run.y == behind.y && end <= behind.x && !shifts &&
-         !crosses_window(drawn, run.y, end, behind.x);
+         !crosses_window(drawn, run.y, run.x, behind.x + static_cast<int>(behind.text.size()));
 }
 
 static void join_runs(sketch& drawn) {
@@ -270,10 +266,15 @@ static void check_length(source& from, const gadget& it, const std::string& what
 
 static void check_variable(source& from, const gadget& it) {
   if (it.what == kind::button || (it.what == kind::window && it.variable.empty())) return;
+  if (it.variable.empty())
+    return report(from, it.drawn,
+                  "no variable: write a text beside it, or let the legend name one");
   if (it.variable.size() > longest_name || !is_shell_name(it.variable))
     report(from, it.drawn,
            "'" + it.variable + "' is no variable: letters, digits and '_', " +
                std::to_string(longest_name) + " at most; the legend can name another");
+  if (has_other_use(it.variable))
+    report(from, it.drawn, "the variable " + it.variable + " has another use in scripts");
 }
 
 static void check_field(source& from, const gadget& it) {
@@ -353,19 +354,44 @@ static void check_order(source& from, const sketch& drawn) {
   std::sort(sorted.begin(), sorted.end());
   const bool whole = sorted.size() == drawn.gadgets.size() &&
                      std::adjacent_find(sorted.begin(), sorted.end()) == sorted.end();
-  if (!whole)
-    report(from, {static_cast<int>(from.lines.size()), 1},
-           "the order has to name every gadget, and each once");
+  if (!whole) report(from, drawn.order_said, "the order has to name every gadget, and each once");
   if (*drawn.active == no_gadget || drawn.active == drawn.order.front()) return;
   const gadget& active = drawn.gadgets[*drawn.active];
   if (needs_first_place(active))
     report(from, active.drawn, "what is active at first has to be the first of the order here");
 }
 
+static void check_checked(source& from, const sketch& drawn) {
+  const gadget* first = nullptr;
+  for (const gadget& it : drawn.gadgets) {
+    if (it.verbatim || it.what != kind::exclusive || it.value != "X") continue;
+    if (first)
+      report(from, it.drawn,
+             "checked, as the one in line " + std::to_string(first->drawn.line) +
+                 " is: of these boxes one is checked at most");
+    first = &it;
+  }
+}
+
+static bool has_place(const sketch& drawn, char letter) {
+  return std::any_of(drawn.attached.begin(), drawn.attached.end(), [&](const attached_text& it) {
+    return it.letters.find(letter) != std::string::npos;
+  });
+}
+
+static void check_places(source& from, const sketch& drawn) {
+  for (const char letter : {'a', 'b'}) {
+    const attached_lines& said = drawn.attached_said[letter == 'a' ? 0 : 1];
+    if (!said.lines.empty() && !has_place(drawn, letter))
+      report(from, said.where,
+             std::string("the picture has no place for this text: {") + letter + "   }");
+  }
+}
+
 static void check_attached(source& from, const sketch& drawn) {
   for (const attached_text& it : drawn.attached)
     for (const char letter : it.letters)
-      for (const std::string& line : drawn.attached_lines[letter == 'a' ? 0 : 1])
+      for (const std::string& line : drawn.attached_said[letter == 'a' ? 0 : 1].lines)
         if (line.size() > static_cast<std::size_t>(it.cells.w))
           report(from, it.drawn,
                  "the text '" + line + "' has " + std::to_string(line.size()) +
@@ -382,7 +408,9 @@ void complete(source& from, sketch& drawn) {
   for (gadget& it : drawn.gadgets) check_gadget(from, it);
   check_unique(from, drawn);
   if (!drawn.gadgets.empty()) check_order(from, drawn);
+  check_places(from, drawn);
   check_attached(from, drawn);
+  check_checked(from, drawn);
   if (drawn.name.size() > longest_screen_name)
     report(from, {1, 1},
            "the screen's name is too long: " + std::to_string(longest_screen_name) +

@@ -50,7 +50,8 @@ static std::vector<property> split_items(std::string_view text, place where) {
     if (end == start && word < text.size() && text[word] == ' ')
       end = value + quoted_length(text.substr(value), ",");
     end = std::min(text.find(',', end), text.size());
-    const place item = {where.line, where.column + static_cast<int>(start)};
+    const auto column = static_cast<int>(cells_of(text.substr(0, start)).size());
+    const place item = {where.line, where.column + column};
     items.push_back({std::string(trimmed(text.substr(start, end - start))), "", item});
     at = end + 1;
   }
@@ -109,8 +110,17 @@ static void take_lines(const source& from, std::size_t& index, legend& read, ent
   read.entries.push_back(made);
 }
 
+// A line of the legend, its TABs as blanks. What is the screen file's stays as it is.
+static std::string legend_line(const std::string& written) {
+  std::string line = written;
+  const std::size_t end = line.find_first_of("=");
+  std::replace(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(std::min(end, line.size())),
+               '\t', ' ');
+  return line;
+}
+
 static void take_entry(source& from, std::size_t& index, legend& read) {
-  const std::string& line = from.lines[index];
+  const std::string line = legend_line(from.lines[index]);
   const auto start = static_cast<int>(line.find_first_not_of(' '));
   const place where = {static_cast<int>(index) + 1, start + 1};
   const std::string_view text = std::string_view(line).substr(static_cast<std::size_t>(start));
@@ -124,8 +134,8 @@ static void take_entry(source& from, std::size_t& index, legend& read) {
   const std::string_view rest = text.substr(end);
   if (rest[0] == '=') return take_lines(from, index, read, made, without_mark(rest));
   made.text = without_mark(rest);
-  const place behind = {where.line,
-                        where.column + static_cast<int>(text.size() - made.text.size())};
+  const std::string_view before = text.substr(0, text.size() - made.text.size());
+  const place behind = {where.line, where.column + static_cast<int>(cells_of(before).size())};
   for (const property& item : split_items(made.text, behind))
     made.properties.push_back(as_property(item));
   read.entries.push_back(made);
@@ -134,7 +144,8 @@ static void take_entry(source& from, std::size_t& index, legend& read) {
 legend read_legend(source& from, int first) {
   legend read;
   for (auto index = static_cast<std::size_t>(first); index < from.lines.size(); index++) {
-    const std::string_view text = trimmed(from.lines[index]);
+    const std::string line = legend_line(from.lines[index]);
+    const std::string_view text = trimmed(line);
     if (!text.empty() && text[0] != '#') take_entry(from, index, read);
   }
   return read;
@@ -157,9 +168,56 @@ bool is_type(std::string_view name) {
   return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
-static void set_type(gadget& it, const std::string& name, const std::string&) { it.type = name; }
+template <std::string gadget::*member>
+static bool set_text(gadget& it, const std::string&, const std::string& value) {
+  it.*member = value;
+  return true;
+}
 
-using setter = void (*)(gadget& it, const std::string& name, const std::string& value);
+template <bool gadget::*member>
+static bool set_flag(gadget& it, const std::string&, const std::string&) {
+  return it.*member = true;
+}
+
+static bool set_type(gadget& it, const std::string& name, const std::string&) {
+  it.type = name;
+  return true;
+}
+
+static bool set_most(gadget& it, const std::string&, const std::string& value) {
+  return read_number(value.c_str(), it.most) && it.most > 0;
+}
+
+static bool add_entry(gadget& it, const std::string&, const std::string& value) {
+  it.entries.push_back(value);
+  return true;
+}
+
+static bool set_attached(gadget& it, const std::string&, const std::string& value) {
+  it.attached = value;
+  return value == "a" || value == "b";
+}
+
+static bool set_check(gadget& it, const std::string&, const std::string&) {
+  it.checks = true;
+  return true;
+}
+
+static bool set_no_check(gadget& it, const std::string&, const std::string& value) {
+  it.checks = false;
+  return value == "check";
+}
+
+static bool set_start(gadget& it, const std::string&, const std::string& value) {
+  it.start = value;
+  std::replace(it.start.begin(), it.start.end(), ' ', ',');
+  return true;
+}
+
+static bool set_nothing(gadget&, const std::string&, const std::string&) { return true; }
+
+// Takes what is said of a gadget. Returns whether the value is good.
+using setter = bool (*)(gadget& it, const std::string& name, const std::string& value);
 
 enum : unsigned {
   buttons = 1U << static_cast<unsigned>(kind::button),
@@ -178,44 +236,25 @@ struct meaning {
 };
 
 static const meaning meanings[] = {
-    {"variable", fields | boxes | lists | windows, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.variable = value; }},
-    {"value", fields | boxes | lists, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.value = value; }},
+    {"variable", fields | boxes | lists | windows, true, set_text<&gadget::variable>},
+    {"value", fields | boxes | lists, true, set_text<&gadget::value>},
     {"CHAR", fields, false, set_type},
     {"VARCHAR2", fields, false, set_type},
     {"NUMBER", fields, false, set_type},
     {"DATE", fields, false, set_type},
-    {"required", fields, false,
-     [](gadget& it, const std::string&, const std::string&) { it.required = true; }},
-    {"password", fields, false,
-     [](gadget& it, const std::string&, const std::string&) { it.password = true; }},
-    {"most", fields, true,
-     [](gadget& it, const std::string&, const std::string& value) {
-       read_number(value.c_str(), it.most);
-     }},
-    {"list", lists, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.entries.push_back(value); }},
-    {"shows", boxes, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.attached = value; }},
-    {"action", buttons, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.action = value; }},
-    {"check", buttons, false,
-     [](gadget& it, const std::string&, const std::string&) { it.checks = true; }},
-    {"no", buttons, true,
-     [](gadget& it, const std::string&, const std::string&) { it.checks = false; }},
-    {"button", buttons, false, [](gadget&, const std::string&, const std::string&) {}},
-    {"file", windows, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.file = value; }},
-    {"highlight", windows, true,
-     [](gadget& it, const std::string&, const std::string& value) { it.highlight = value; }},
-    {"start", windows, true,
-     [](gadget& it, const std::string&, const std::string& value) {
-       it.start = value;
-       std::replace(it.start.begin(), it.start.end(), ' ', ',');
-     }},
-    {"defer", windows, false,
-     [](gadget& it, const std::string&, const std::string&) { it.deferred = true; }},
+    {"required", fields, false, set_flag<&gadget::required>},
+    {"password", fields, false, set_flag<&gadget::password>},
+    {"most", fields, true, set_most},
+    {"list", lists, true, add_entry},
+    {"shows", boxes, true, set_attached},
+    {"action", buttons, true, set_text<&gadget::action>},
+    {"check", buttons, false, set_check},
+    {"no", buttons, true, set_no_check},
+    {"button", buttons, false, set_nothing},
+    {"file", windows, true, set_text<&gadget::file>},
+    {"highlight", windows, true, set_text<&gadget::highlight>},
+    {"start", windows, true, set_start},
+    {"defer", windows, false, set_flag<&gadget::deferred>},
 };
 
 static std::string in_capitals(std::string text) {
@@ -242,9 +281,14 @@ static void apply_property(source& from, gadget& it, const property& said) {
     report(from, said.where, "'" + said.name + "' has nothing behind it");
   } else if (!found->has_value && !said.value.empty()) {
     report(from, said.where, "a comma is missing behind '" + said.name + "'");
-  } else {
-    found->set(it, std::string(found->name), said.value);
+  } else if (!found->set(it, std::string(found->name), said.value)) {
+    report(from, said.where, "'" + said.value + "' can't stand behind '" + said.name + "'");
   }
+}
+
+// Whether an item behind a list's entries is none of them.
+static bool ends_list(const property& said) {
+  return (said.name == "value" || said.name == "variable") && !said.value.empty();
 }
 
 // The entries of a list, behind the first one, are items of their own.
@@ -252,11 +296,13 @@ static void apply_properties(source& from, gadget& it, const entry& about) {
   const std::vector<property> items = split_items(about.text, about.where);
   bool in_list = false;
   for (std::size_t i = 0; i < about.properties.size(); i++) {
+    const property& said = about.properties[i];
+    in_list = in_list && !ends_list(said);
     if (in_list) {
       it.entries.push_back(unquoted(items[i].name));
     } else {
-      apply_property(from, it, about.properties[i]);
-      in_list = it.what == kind::list && about.properties[i].name == "list";
+      apply_property(from, it, said);
+      in_list = it.what == kind::list && said.name == "list";
     }
   }
 }
@@ -311,6 +357,7 @@ static void apply_screen(source& from, sketch& drawn, const entry& about) {
 }
 
 static void apply_order(source& from, sketch& drawn, const entry& about) {
+  drawn.order_said = about.where;
   for (const property& item : split_items(about.text, about.where)) {
     entry wanted = keyed(item.name, item.where);
     const std::size_t found = find_gadget(from, drawn, wanted);
@@ -332,7 +379,9 @@ static void apply_default(source& from, sketch& drawn, const entry& about) {
 }
 
 static void apply_attached(source&, sketch& drawn, const entry& about) {
-  drawn.attached_lines[about.key == "{a}" ? 0 : 1].push_back(about.text);
+  attached_lines& said = drawn.attached_said[about.key == "{a}" ? 0 : 1];
+  if (said.lines.empty()) said.where = about.where;
+  said.lines.push_back(about.text);
 }
 
 struct about_screen {

@@ -21,6 +21,9 @@
 
 namespace scrim {
 
+static const std::size_t longest_line = 509;  // of a screen file
+static const std::size_t longest_screen_name = 18;
+
 static const int wrong_call = 2;  // exit status: the call, a file that cannot be opened, no memory
 static const int has_mistakes = 1;
 
@@ -64,7 +67,7 @@ static std::string file_name(const std::string& path) { return path.substr(path.
 // A screen has the name of its sketch, unless the legend says another.
 static std::string screen_name(const std::string& path) {
   const std::string name = file_name(path);
-  return path == "-" ? "" : name.substr(0, name.find('.'));
+  return path == "-" ? "" : name.substr(0, std::min(name.find('.'), longest_screen_name));
 }
 
 static std::string made_of(const sketch& drawn, const std::string& path) {
@@ -78,7 +81,9 @@ static int sketch_to_screen(const std::string& path, std::string& made) {
   if (drawn.name.empty()) drawn.name = screen_name(path);
   if (!from.mistakes.empty()) return end_with(from);
   made = made_of(drawn, path);
-  return 0;
+  for (const std::string& line : split_lines(made))
+    if (line.size() > longest_line) report(from, {1, 1}, "too long for a screen file: " + line);
+  return from.mistakes.empty() ? 0 : end_with(from);
 }
 
 static int write_screen_file(const std::string& path) {
@@ -97,6 +102,8 @@ static int show_form(const std::string& path) {
     return cannot_open("a temporary file");
   rewind(file);
   const std::string name = "/dev/fd/" + std::to_string(fileno(file));
+  // Where the sketch came from standard input the keys do not.
+  if (path == "-" && !freopen("/dev/tty", "r", stdin)) return cannot_open("/dev/tty");
   execlp("scrim", "scrim", "-f", name.c_str(), static_cast<char*>(nullptr));
   return cannot_open("scrim");
 }

@@ -9,8 +9,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace scrim {
 
@@ -25,9 +27,18 @@ static const std::string& cell(const picture& seen, int x, int y) {
   return inside ? seen.cells[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] : blank;
 }
 
+// What a frame may be drawn with besides "+", "-" and "|".
+static char line_character(const std::string& bytes) {
+  static const std::string corners[] = {"┌", "┐", "└", "┘"};
+  if (bytes == "─") return '-';
+  if (bytes == "│") return '|';
+  return std::find(std::begin(corners), std::end(corners), bytes) != std::end(corners) ? '+'
+                                                                                       : other;
+}
+
 static char at(const picture& seen, int x, int y) {
   const std::string& bytes = cell(seen, x, y);
-  return bytes.size() == 1 && (bytes[0] & 0x80) == 0 ? bytes[0] : other;
+  return bytes.size() == 1 && (bytes[0] & 0x80) == 0 ? bytes[0] : line_character(bytes);
 }
 
 static place place_of(const picture& seen, int x, int y) {
@@ -51,6 +62,13 @@ static std::string row_text(const picture& seen, int x, int y, int n) {
   return text;
 }
 
+// The text in the upper edge of a frame; what draws the edge is "-".
+static std::string edge_text(const picture& seen, int x, int y, int n) {
+  std::string text;
+  for (int i = 0; i < n; i++) text += at(seen, x + i, y) == '-' ? "-" : cell(seen, x + i, y);
+  return text;
+}
+
 static std::string trimmed(const std::string& text, const char* what = " ") {
   const std::size_t first = text.find_first_not_of(what);
   if (first == std::string::npos) return "";
@@ -59,14 +77,20 @@ static std::string trimmed(const std::string& text, const char* what = " ") {
 
 // The window's frame.
 
-// A line as columns of the terminal. A TAB's width depends on who shows it.
+// A line as cells. A TAB's width depends on who shows it; as many take it for the next column that
+// is a multiple of eight.
 static std::vector<std::string> row_of(source& from, int index) {
-  std::vector<std::string> cells = cells_of(from.lines[static_cast<std::size_t>(index)]);
-  const auto tab = std::find(cells.begin(), cells.end(), "\t");
-  if (tab != cells.end())
-    report(from, {index + 1, static_cast<int>(tab - cells.begin()) + 1},
+  std::vector<std::string> row;
+  for (const std::string& cell : cells_of(from.lines[static_cast<std::size_t>(index)])) {
+    if (cell != "\t") {
+      row.push_back(cell);
+      continue;
+    }
+    report(from, {index + 1, static_cast<int>(row.size()) + 1},
            "a TAB, which is not as wide everywhere: draw with blanks");
-  return cells;
+    row.resize((row.size() / 8 + 1) * 8, blank);
+  }
+  return row;
 }
 
 static bool is_blank(const std::string& line) { return trimmed(line).empty(); }
@@ -88,7 +112,25 @@ static int first_row(const source& from, sketch& drawn) {
 // Whether the row's cells from `x` on, `n` of them, are a frame's plain edge.
 static bool is_edge(const picture& seen, int x, int y, int n) {
   return at(seen, x, y) == '+' && at(seen, x + n - 1, y) == '+' &&
-         row_text(seen, x + 1, y, n - 2).find_first_not_of('-') == std::string::npos;
+         edge_text(seen, x + 1, y, n - 2).find_first_not_of('-') == std::string::npos;
+}
+
+// Cuts a row to `n` cells. What stands behind them is a mistake.
+static void take_outside(source& from, const picture& seen, std::vector<std::string>& row,
+                         std::size_t n, int y) {
+  for (std::size_t x = n; x < row.size(); x++) {
+    if (row[x] == blank) continue;
+    report(from, place_of(seen, static_cast<int>(x), y), "outside of the frame");
+    break;
+  }
+  row.resize(n, blank);
+}
+
+// Where the upper edge ends: at its last "+", or with the row.
+static std::size_t last_corner(const std::vector<std::string>& row) {
+  for (std::size_t x = row.size(); x-- > 1;)
+    if (row[x] == "+" || line_character(row[x]) == '+') return x;
+  return row.size() - 1;
 }
 
 static bool find_upper_edge(source& from, picture& seen, sketch& drawn) {
@@ -100,8 +142,8 @@ static bool find_upper_edge(source& from, picture& seen, sketch& drawn) {
   const std::string& line = from.lines[static_cast<std::size_t>(seen.top)];
   seen.left = static_cast<int>(std::min(line.find_first_not_of(' '), line.size()));
   std::vector<std::string> row = row_of(from, seen.top);
-  while (row.back() == blank) row.pop_back();
   row.erase(row.begin(), row.begin() + seen.left);
+  take_outside(from, seen, row, last_corner(row) + 1, 0);
   seen.w = static_cast<int>(row.size());
   seen.cells.push_back(row);
   if (seen.w > 2 && at(seen, 0, 0) == '+' && at(seen, seen.w - 1, 0) == '+') return true;
@@ -110,26 +152,19 @@ static bool find_upper_edge(source& from, picture& seen, sketch& drawn) {
   return false;
 }
 
-// Adds row `y`. Returns false when the frame is not there.
+// Adds row `y`. Returns false when it is not one of the frame's.
 static bool add_row(source& from, picture& seen, int y) {
   const int index = seen.top + y;
   std::vector<std::string> row;
   if (index < static_cast<int>(from.lines.size())) row = row_of(from, index);
   row.erase(row.begin(), row.begin() + std::min(seen.left, static_cast<int>(row.size())));
-  const auto outside = static_cast<std::size_t>(seen.w);
-  const auto end = std::find_if(row.begin() + static_cast<int>(std::min(outside, row.size())),
-                                row.end(), [](const std::string& it) { return it != blank; });
-  if (end != row.end())
-    report(from, place_of(seen, static_cast<int>(end - row.begin()), y), "outside of the frame");
-  row.resize(outside, blank);
+  take_outside(from, seen, row, static_cast<std::size_t>(seen.w), y);
   seen.cells.push_back(row);
   if (is_edge(seen, 0, y, seen.w)) return true;
-  for (const int x : {0, seen.w - 1}) {
-    if (at(seen, x, y) == '|') continue;
-    report(from, place_of(seen, x, y), "the frame is not closed: here its side should be");
-    return false;
-  }
-  return true;
+  for (const int x : {0, seen.w - 1})
+    if (at(seen, x, y) != '|')
+      report(from, place_of(seen, x, y), "the frame is not closed: here its side should be");
+  return at(seen, 0, y) == '|';
 }
 
 // A window of the size that the frame has. That of a full screen is said so.
@@ -146,7 +181,7 @@ bool find_frame(source& from, picture& seen, sketch& drawn) {
   } while (!is_edge(seen, 0, seen.h, seen.w));
   seen.h++;
   seen.taken.assign(seen.cells.size(), std::vector<bool>(static_cast<std::size_t>(seen.w), false));
-  drawn.title = trimmed(row_text(seen, 1, 0, seen.w - 2), "-");
+  drawn.title = trimmed(edge_text(seen, 1, 0, seen.w - 2), "-");
   drawn.cells = {0, 0, seen.w, seen.h};
   drawn.corner = place_of(seen, 0, 0);
   drawn.window = window_of(seen);
@@ -168,13 +203,22 @@ static bool begins_frame(const picture& seen, int x, int y) {
          (continues_down(seen, x, y) || at(seen, x + 2, y) == '-');
 }
 
-// The column of the corner that ends the upper edge; 0: there is none.
+// The column of the corner that ends the upper edge: the first one below which the frame goes on,
+// or else the first; 0: there is none.
 static int right_corner(const picture& seen, int x, int y) {
-  for (int right = x + 2; right < seen.w - 1; right++)
-    if (at(seen, right, y) == '+' && at(seen, right - 1, y) == '-' &&
-        continues_down(seen, right, y))
-      return right;
-  return 0;
+  int first = 0;
+  for (int right = x + 2; right < seen.w - 1; right++) {
+    if (at(seen, right, y) != '+' || at(seen, right - 1, y) != '-') continue;
+    if (continues_down(seen, right, y)) return right;
+    if (first == 0) first = right;
+  }
+  return first;
+}
+
+static void report_open_side(source& from, const picture& seen, int x, int y) {
+  report(from, place_of(seen, x, y),
+         cell(seen, x, y) == blank ? "a frame that is not closed: here its side should be"
+                                   : "drawn over a frame, whose side should be here");
 }
 
 // The rows from `y` down to the lower edge, both included; 0, with a mistake noted: there is none.
@@ -182,12 +226,22 @@ static int frame_height(source& from, const picture& seen, int x, int right, int
   for (int row = y + 1; row < seen.h - 1; row++) {
     if (is_edge(seen, x, row, right - x + 1)) return row - y + 1;
     if (at(seen, x, row) == '|' && at(seen, right, row) == '|') continue;
-    report(from, place_of(seen, at(seen, x, row) == '|' ? right : x, row),
-           "a frame that is not closed: here its side should be");
+    report_open_side(from, seen, at(seen, x, row) == '|' ? right : x, row);
     return 0;
   }
   report(from, place_of(seen, x, y), "a frame that is not closed: it has no lower edge");
   return 0;
+}
+
+// What is left of a frame that is not closed is no frame of its own.
+static void take_lower_edge(picture& seen, int x, int y) {
+  while (++y < seen.h - 1) {
+    if (at(seen, x, y) != '+') continue;
+    for (int end = x; end < seen.w - 1 && (at(seen, end, y) == '+' || at(seen, end, y) == '-');
+         end++)
+      take(seen, {end, y, 1});
+    return;
+  }
 }
 
 static void take_window(source& from, picture& seen, sketch& drawn, const extent& cells,
@@ -217,9 +271,9 @@ static void take_frame(source& from, picture& seen, sketch& drawn, int x, int y)
     return;
   }
   const int height = frame_height(from, seen, x, right, y);
-  if (height == 0) return;
+  if (height == 0) return take_lower_edge(seen, x, y);
   const extent cells = {x, y, right - x + 1, height};
-  const std::string name = trimmed(row_text(seen, x + 1, y, cells.w - 2), "- ");
+  const std::string name = trimmed(edge_text(seen, x + 1, y, cells.w - 2), "- ");
   if (name.empty()) {
     take_box(seen, drawn, cells);
   } else {
@@ -273,8 +327,10 @@ static void take_field(source& from, picture& seen, sketch& drawn, int x, int en
   if (is_state(inside)) return take_checkbox(seen, drawn, kind::checkbox, x, y);
   const bool is_list = inside.size() > 2 && inside.ends_with(" v");
   const std::string name = trimmed(is_list ? inside.substr(0, inside.size() - 1) : inside);
-  if (name.empty())
+  if (name.empty()) {
     report(from, place_of(seen, x, y), "a field without a name: write its variable into it");
+    return take(seen, {x, y, end - x + 1});
+  }
   gadget& field =
       add(seen, drawn, is_list ? kind::list : kind::field, {x + 1, y, end - x - 1}, x, end);
   field.key = field.variable = name;
@@ -342,23 +398,50 @@ static bool is_text(const picture& seen, int x, int y) {
   return !is_taken(seen, x, y) && cell(seen, x, y) != blank;
 }
 
-// The text that begins at column x, or behind `blanks` blanks at most: up to two blanks or
-// something else. `step` is 1, or -1 to go to the left.
-static std::string label_from(const picture& seen, int x, int y, int step, int blanks) {
-  std::string text;
-  for (; blanks > 0 && !is_taken(seen, x, y) && !is_text(seen, x, y); blanks--) x += step;
-  while (is_text(seen, x, y) || (!is_taken(seen, x, y) && is_text(seen, x + step, y))) {
-    text.insert(step > 0 ? text.size() : 0, cell(seen, x, y));
-    x += step;
-  }
-  return trimmed(text, " :");
+// A text up to two blanks or something else: its first and last column; first > last: there is
+// none.
+struct label_span {
+  int first, last;
+};
+
+static label_span label_right_of(const picture& seen, int x, int y) {
+  for (int i = 0; i < 2 && !is_taken(seen, x, y) && !is_text(seen, x, y); i++) x++;
+  int last = x - 1;
+  while (is_text(seen, last + 1, y) || (!is_taken(seen, last + 1, y) && is_text(seen, last + 2, y)))
+    last++;
+  return {x, last};
 }
 
+static label_span label_left_of(const picture& seen, int x, int y) {
+  while (!is_taken(seen, x, y) && !is_text(seen, x, y)) x--;
+  int first = x + 1;
+  while (is_text(seen, first - 1, y) ||
+         (!is_taken(seen, first - 1, y) && is_text(seen, first - 2, y)))
+    first--;
+  return {first, x};
+}
+
+static bool is_box(const gadget& it) {
+  return it.what == kind::checkbox || it.what == kind::exclusive;
+}
+
+static std::string label_text(const picture& seen, const label_span& span, int y) {
+  return trimmed(row_text(seen, span.first, y, span.last - span.first + 1), " :");
+}
+
+// A text to the right of a box is its name, or else one to the left that is not another box's.
 static void name_checkboxes(const picture& seen, sketch& drawn) {
+  std::set<std::pair<int, int>> named;  // row and last column of the texts to the right of boxes
   for (gadget& box : drawn.gadgets) {
-    if (box.what != kind::checkbox && box.what != kind::exclusive) continue;
-    box.key = label_from(seen, box.cells.x + 2, box.cells.y, 1, 2);
-    if (box.key.empty()) box.key = label_from(seen, box.cells.x - 2, box.cells.y, -1, seen.w);
+    if (!is_box(box)) continue;
+    const label_span span = label_right_of(seen, box.cells.x + 2, box.cells.y);
+    box.key = label_text(seen, span, box.cells.y);
+    if (!box.key.empty()) named.emplace(box.cells.y, span.last);
+  }
+  for (gadget& box : drawn.gadgets) {
+    if (!is_box(box) || !box.key.empty()) continue;
+    const label_span span = label_left_of(seen, box.cells.x - 2, box.cells.y);
+    if (!named.contains({box.cells.y, span.last})) box.key = label_text(seen, span, box.cells.y);
     if (box.key.empty()) box.key = box.what == kind::checkbox ? "[ ]" : "( )";
   }
 }
@@ -375,7 +458,8 @@ static bool has_other(std::string_view text) {
 static bool goes_on(const picture& seen, const std::string& text, int x, int to, int y) {
   const bool shifts = text.find("${") != std::string::npos || has_other(text);
   for (; x < to; x++)
-    if (is_taken(seen, x, y) && (shifts || cell(seen, x, y).find_first_of("+-|") == 0))
+    if (is_taken(seen, x, y) &&
+        (shifts || std::string_view("+-|").find(at(seen, x, y)) != std::string_view::npos))
       return false;
   return true;
 }

@@ -146,7 +146,7 @@ static std::string attached_blocks(const sketch& drawn) {
   for (const attached_text& it : drawn.attached) {
     for (const char letter : it.letters) {
       text += std::string(1, letter) + "text:" + numbers({it.cells.x, it.cells.y}) + "\n";
-      for (const std::string& line : drawn.attached_lines[letter == 'a' ? 0 : 1])
+      for (const std::string& line : drawn.attached_said[letter == 'a' ? 0 : 1].lines)
         text += attached_line(line, it.cells.w) + "\n";
       text += "endtext:\n";
     }

@@ -67,6 +67,12 @@ struct attached_text {
   place drawn;
 };
 
+// What the legend says of one.
+struct attached_lines {
+  std::vector<std::string> lines = {};
+  place where = {};  // of the first line
+};
+
 struct sketch {
   std::vector<std::string> comments;  // lines above the picture, with their "#"
   std::string name;
@@ -76,14 +82,15 @@ struct sketch {
   place corner;        // where its frame begins in the picture
   std::vector<gadget> gadgets;
   std::vector<std::size_t> order;     // of the gadgets as they are declared; empty: by itself
+  place order_said;                   // in the legend
   std::optional<std::size_t> active;  // which gadget is active at first; none: by itself
   std::optional<std::string> default_action;  // none: the one of the button that goes on
   bool default_checks = false;                // of default_action
   std::vector<text_run> texts;                // by rows
   std::vector<extent> boxes;
   std::vector<attached_text> attached;
-  std::array<std::vector<std::string>, 2> attached_lines;  // of "a" and of "b"
-  std::vector<std::string> lines;  // of the screen file, in the place of the texts
+  std::array<attached_lines, 2> attached_said;  // of "a" and of "b"
+  std::vector<std::string> lines;               // of the screen file, in the place of the texts
 };
 
 // In the place of a gadget: a text is active at first.
