@@ -60,6 +60,8 @@ TEST(Examples, EnterWalksForward) {
        "<Enter><Enter><Enter><Enter><Enter><Enter>1/31/99<Enter><Enter>",
        "Customer: Miller <m@x>\nOrder:    12 of Hammer, by mail\nOrdered:  01/02/1999 00 00 00\n"
        "By:       01/31/1999 00 00 00\nGift wrapped\nWith invoice\n"},
+      {"member/member.sh", "Ann<Enter>1/2/99<Enter>B<Enter> <Enter><Enter><Enter>",
+       "Ann (Basic) since 01/02/1999 00 00 00\nMail: _  Letter: _\n"},
       {"logview/logview.sh", "<Enter><Enter>", "10:11:00 job 1 finished with status 0\n"},
       // Two pages of the tour begin on a button that Enter would press: a hot key leads on.
       {"tour/tour.sh",
