@@ -253,6 +253,24 @@ static void complete_frames(source& from, sketch& drawn) {
   join_runs(drawn);
 }
 
+// The texts come after a gadget that is the first of the file. They leave it with their leading
+// blanks alone, so a row of it is cut there in two.
+static void uncover_first(sketch& drawn) {
+  if (drawn.order.empty() || drawn.active != drawn.order.front()) return;
+  const gadget& first = drawn.gadgets[drawn.order.front()];
+  if (first.verbatim || !needs_first_place(first)) return;
+  for (std::size_t i = 0; i < drawn.texts.size(); i++) {
+    text_run& it = drawn.texts[i];
+    const auto left = static_cast<std::size_t>(first.cells.x - it.x);
+    if (it.y != first.cells.y || it.x > first.cells.x || it.text.size() <= left) continue;
+    const std::size_t behind = it.text.find_first_not_of(' ', left);
+    const text_run rest = {it.x + static_cast<int>(behind), it.y, it.text.substr(behind), it.drawn};
+    it.text.resize(it.text.find_last_not_of(' ', left) + 1);
+    drawn.texts.insert(drawn.texts.begin() + static_cast<std::ptrdiff_t>(i) + 1, rest);
+    return;
+  }
+}
+
 // What cannot stay as it was drawn.
 
 static void check_length(source& from, const gadget& it, const std::string& what,
@@ -405,6 +423,7 @@ void complete(source& from, sketch& drawn) {
   complete_order(drawn);
   complete_active(drawn);
   complete_frames(from, drawn);
+  uncover_first(drawn);
   for (gadget& it : drawn.gadgets) check_gadget(from, it);
   check_unique(from, drawn);
   if (!drawn.gadgets.empty()) check_order(from, drawn);
