@@ -53,7 +53,7 @@ static bool is_free_row(const grid& cells, int x, int y, int w) {
 
 static bool put_frame(grid& cells, const extent& at, const std::string& upper_edge) {
   const int right = at.x + at.w - 1, bottom = at.y + at.h - 1;
-  bool free = at.w > 1 && at.h > 1;
+  bool free = at.h > 1;
   for (int y = at.y; y <= bottom && free; y++)
     free = y == at.y || y == bottom ? is_free_row(cells, at.x, y, at.w)
                                     : is_free(cells, at.x, y) && is_free(cells, right, y);
@@ -196,7 +196,8 @@ grid paint(read_form& form) {
   const bool fleeting = comes_back(form.drawn);
   for (gadget& it : form.drawn.gadgets) it.verbatim |= fleeting && it.what == kind::window;
   for (read_box& it : form.boxes)
-    it.verbatim = it.verbatim || fleeting || !put_frame(cells, it.cells, edge(it.cells.w, ""));
+    it.verbatim = it.verbatim || fleeting || it.cells.w < 2 ||
+                  !put_frame(cells, it.cells, edge(it.cells.w, ""));
   for (gadget& it : form.drawn.gadgets) it.verbatim = it.verbatim || !put_gadget(cells, it);
   for (read_text& it : form.texts)
     it.verbatim =
