@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -302,12 +303,20 @@ static bool take_refusal(source& from) {
   return true;
 }
 
-bool read_screen(source& from, read_form& form) {
-  keep_references(from.lines);
-  std::string path = from.path;
-  make_table(path.data());
+// The loader reads what has been read already: standard input cannot be read twice.
+static bool open_lines(const source& from, std::string& text) {
+  static char name[] = "sketch";
+  make_table(name);
   curscreen = 0;
-  if (!open_screen()) return false;
+  for (const std::string& line : from.lines) text += line + "\n";
+  sfp = fmemopen(text.data(), text.size(), "r");
+  return sfp != nullptr;
+}
+
+bool read_screen(source& from, read_form& form) {
+  std::string text;
+  keep_references(from.lines);
+  if (!open_lines(from, text)) return false;
   while (next_directive() && !take_refusal(from)) {
     take_line(from, form);
     if (take_refusal(from)) break;

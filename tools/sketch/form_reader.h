@@ -44,8 +44,8 @@ struct read_form {
   std::vector<read_attached> attached;
 };
 
-// Reads the screen file `from`. Its references stay as they are. Returns false when it cannot be
-// opened; what no sketch can hold is noted as a mistake.
+// Reads the screen file whose lines `from` has. Its references stay as they are. Returns false when
+// memory has run out; what no sketch can hold is noted as a mistake.
 bool read_screen(source& from, read_form& form);
 
 }  // namespace scrim
