@@ -14,7 +14,4 @@ void complete(source& from, sketch& drawn);
 // frames and scroll windows, is gone then.
 bool comes_back(const sketch& drawn);
 
-// Whether nothing but being the first gadget of the screen file makes this one active at first.
-bool needs_first_place(const gadget& it);
-
 }  // namespace scrim

@@ -31,16 +31,19 @@ struct legend {
   std::vector<entry> entries;
 };
 
+// The parts of a text between its commas, each with its place.
+std::vector<property> split_items(std::string_view text, place where);
+
+// An entry of this key, its quotes and its number taken off.
+entry keyed(std::string_view key, place where);
+
+// A text without the quotes around it.
+std::string unquoted(std::string_view text);
+
 // Reads the lines from index `first` on.
 legend read_legend(source& from, int first);
 
 // Whether the legend says what the button of this label does.
 bool names_button(const legend& read, std::string_view label);
-
-// Changes what was drawn as the legend says.
-void apply_legend(source& from, const legend& read, sketch& drawn);
-
-// The names of a field's types, as the screen file has them.
-bool is_type(std::string_view name);
 
 }  // namespace scrim

@@ -15,7 +15,6 @@
 #include <cstring>
 #include <new>
 #include <string>
-#include <string_view>
 
 #include <unistd.h>
 

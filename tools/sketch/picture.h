@@ -1,17 +1,16 @@
-// sketch/picture: reads the picture of a sketch: window, frames, gadgets and texts.
+// sketch/picture: the picture of a sketch as cells, and the window's frame around it.
 #pragma once
 
 #include "tools/sketch/sketch.h"
 #include "tools/sketch/source.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace scrim {
 
-// The window's frame and what is in it.
+// The window's frame and what is in it. Columns and rows count from 0 at the frame's corner.
 struct picture {
   int top = 0, left = 0;  // the frame's corner: index of the line, column from 0
   int w = 0, h = 0;
@@ -23,9 +22,40 @@ struct picture {
 // mistake noted, when there is no complete one.
 bool find_frame(source& from, picture& seen, sketch& drawn);
 
-// Takes what the frame encloses. `is_button` tells whether a text in brackets that has no hot key
-// is the label of a button.
-void read_picture(source& from, picture& seen, sketch& drawn,
-                  const std::function<bool(std::string_view)>& is_button);
+// What stands in a cell: a character of ASCII, "+", "-" or "|" for one that draws lines, `other`
+// for any other character. Outside of the picture there are blanks.
+constexpr char not_ascii = '\x7f';
+char at(const picture& seen, int x, int y);
+
+// The bytes of a cell's character.
+const std::string& cell(const picture& seen, int x, int y);
+
+// Where a cell is in the text of the sketch.
+place place_of(const picture& seen, int x, int y);
+
+// Cells that belong to a frame or a gadget. A cell is taken once: what stands on it later is no
+// text, and no other gadget.
+void take(picture& seen, const extent& cells);
+bool is_taken(const picture& seen, int x, int y);
+
+// Whether a text is in the cell.
+bool is_text(const picture& seen, int x, int y);
+
+// The cells of a row from column `x` on, `n` of them. In the upper edge of a frame "-" stands for
+// what draws the edge.
+std::string row_text(const picture& seen, int x, int y, int n);
+std::string edge_text(const picture& seen, int x, int y, int n);
+
+// Whether the row's cells from `x` on, `n` of them, are a frame's plain edge.
+bool is_edge(const picture& seen, int x, int y, int n);
+
+// A text without these characters at both ends.
+std::string trimmed(const std::string& text, const char* what = " ");
+bool is_blank(const std::string& line);
+
+// Whether there are characters outside of ASCII in a text.
+bool has_other(std::string_view text);
+
+inline const std::string blank = " ";
 
 }  // namespace scrim

@@ -2,7 +2,7 @@
 
 #include "tools/sketch/screen_file.h"
 
-#include "tools/sketch/defaults.h"
+#include "tools/sketch/checks.h"
 #include "tools/sketch/sketch.h"
 
 #include <algorithm>
