@@ -22,8 +22,8 @@ struct picture {
 // mistake noted, when there is no complete one.
 bool find_frame(source& from, picture& seen, sketch& drawn);
 
-// What stands in a cell: a character of ASCII, "+", "-" or "|" for one that draws lines, `other`
-// for any other character. Outside of the picture there are blanks.
+// What stands in a cell: a character of ASCII, "+", "-" or "|" for one that draws lines,
+// `not_ascii` for any other character. Outside of the picture there are blanks.
 constexpr char not_ascii = '\x7f';
 char at(const picture& seen, int x, int y);
 
