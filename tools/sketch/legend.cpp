@@ -95,7 +95,8 @@ static std::string_view without_mark(std::string_view line) {
 static void take_lines(const source& from, std::size_t& index, legend& read, entry made,
                        std::string_view line) {
   const bool adds = made.key.empty() && line.starts_with("sw") && line != "swdefer" &&
-                    !read.entries.empty() && !read.entries.back().lines.empty();
+                    directive_row(line) != -1 && !read.entries.empty() &&
+                    !read.entries.back().lines.empty();
   if (adds) {
     read.entries.back().lines.emplace_back(line);
     return;
