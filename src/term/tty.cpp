@@ -19,17 +19,14 @@ namespace scrim {
 
 int tfd = -1;
 int tty_fd = 0;
-struct termio terminal_old;
-struct termio terminal_new;
+line_settings terminal_old;
+line_settings terminal_new;
 int ttym = 0;
 int stdin_flag = 0;
 int debug_flag = 0;
 int ftimeout = 1;
 char* T_KEYXMIT = nullptr;
 char* T_KEYLOCAL = nullptr;
-
-// Positions in the control characters of the System V settings record.
-enum { vtime_index = 5, vmin_index = 6 };
 
 static bool raw = false;
 static bool keypad_transmits = false;
@@ -47,10 +44,10 @@ static void hold_write_signals(int how) {
 }
 
 static void set_read_mode(unsigned char vmin, unsigned char vtime) {
-  if (terminal_new.c_cc[vmin_index] == vmin && terminal_new.c_cc[vtime_index] == vtime) return;
-  terminal_new.c_cc[vmin_index] = vmin;
-  terminal_new.c_cc[vtime_index] = vtime;
-  ioctl(tfd, TCSETAW, &terminal_new);
+  if (terminal_new.c_cc[VMIN] == vmin && terminal_new.c_cc[VTIME] == vtime) return;
+  terminal_new.c_cc[VMIN] = vmin;
+  terminal_new.c_cc[VTIME] = vtime;
+  set_line_settings(tfd, terminal_new);
 }
 
 void read_blocking() { set_read_mode(1, 0); }
@@ -61,23 +58,23 @@ int setup_ttymode() {
     tfd = open("/dev/tty", O_RDWR | O_CLOEXEC);
     if (tfd == -1) return 1;
     if (stdin_flag) tty_fd = tfd;
-    ioctl(tfd, TCGETA, &terminal_old);
+    get_line_settings(tfd, terminal_old);
     terminal_new = terminal_old;
     output_waits = (fcntl(STDERR_FILENO, F_GETFL) & O_NONBLOCK) == 0;
   }
   if (debug_flag) {
-    printf("IFLAG = %xx\n\r", terminal_old.c_iflag);
+    printf("IFLAG = %xx\n\r", static_cast<unsigned>(terminal_old.c_iflag));
     fflush(stdout);
   }
-  terminal_new.c_iflag &= static_cast<unsigned short>(~ICRNL);
+  terminal_new.c_iflag &= static_cast<line_flags>(~ICRNL);
   terminal_new.c_oflag = 0;
-  terminal_new.c_cc[vmin_index] = 1;
-  terminal_new.c_cc[vtime_index] = 0;
-  terminal_new.c_cflag &= static_cast<unsigned short>(~PARENB);
+  terminal_new.c_cc[VMIN] = 1;
+  terminal_new.c_cc[VTIME] = 0;
+  terminal_new.c_cflag &= static_cast<line_flags>(~PARENB);
   terminal_new.c_cflag |= CS8;
   terminal_new.c_lflag = 0;
   hold_write_signals(SIG_BLOCK);
-  ioctl(tfd, TCSETAW, &terminal_new);
+  set_line_settings(tfd, terminal_new);
   raw = true;
   return 0;
 }
@@ -90,7 +87,7 @@ int restore_ttymode() {
   if (ttym) reset_shell_mode();
   ttym = 0;
   raw = false;
-  const int result = ioctl(tfd, TCSETAW, &terminal_old);
+  const int result = set_line_settings(tfd, terminal_old);
   hold_write_signals(SIG_UNBLOCK);
   return result;
 }

@@ -3,30 +3,20 @@
 // settings are those of /dev/tty; standard output stays free for the results.
 #pragma once
 
+#include "term/line_settings.h"
+
 #include <cstddef>
-
-#include <sys/ioctl.h>
-
-#ifdef SCRIM_LACKS_TERMIO
-// The kernel's System V settings record, where the C library has only the requests for it.
-struct termio {
-  unsigned short c_iflag, c_oflag, c_cflag, c_lflag;
-  unsigned char c_line;
-  unsigned char c_cc[8];
-};
-#endif
 
 namespace scrim {
 
 extern int tfd;     // /dev/tty, opened on first use and never closed; -1 until then
 extern int tty_fd;  // where keys are read: 0, or tfd when the screen file is standard input
-extern termio terminal_old;  // the user's line settings, as found when the terminal was opened
-extern termio
-    terminal_new;       // the settings of raw mode; their read mode changes while keys are read
-extern int ttym;        // 1 while the capabilities are loaded, 0 after restore_ttymode
-extern int stdin_flag;  // 1: the screen file is standard input, keys come from /dev/tty
-extern int debug_flag;  // 1: setup_ttymode prints the input flags it found
-extern int ftimeout;    // longest pause between two bytes of one key, tenths of a second
+extern line_settings terminal_old;  // the user's settings, as found when the terminal was opened
+extern line_settings terminal_new;  // those of raw mode; their read mode changes with the reads
+extern int ttym;                    // 1 while the capabilities are loaded, 0 after restore_ttymode
+extern int stdin_flag;              // 1: the screen file is standard input, keys come from /dev/tty
+extern int debug_flag;              // 1: setup_ttymode prints the input flags it found
+extern int ftimeout;  // longest pause between two bytes of one key, tenths of a second
 
 extern char* T_KEYXMIT;   // puts the keypad into transmit mode, so that keys send what is described
 extern char* T_KEYLOCAL;  // takes the keypad out of transmit mode
