@@ -86,7 +86,7 @@ static std::size_t read_piece(FILE* dfd) {
 // A line loses its newline, and a carriage return right before that. A piece that fills the buffer
 // loses its last character too; only an unfinished last line keeps all.
 static void read_defaults(const char* name) {
-  FILE* dfd = open_file(name, "re");
+  FILE* dfd = open_file(name, "r");
   while (std::size_t n = read_piece(dfd)) {
     const bool newline = tbuf[n - 1] == '\n';
     if (newline || !at_end(dfd)) tbuf[--n] = 0;
@@ -100,19 +100,19 @@ static void read_defaults(const char* name) {
 // returns how many words it took behind it.
 static int add_file(char** word) {
   global_flags |= sql_add;
-  afd = open_file(*word + 2, "we");
+  afd = open_file(*word + 2, "w");
   return 0;
 }
 
 static int update_file(char** word) {
   global_flags |= sql_update;
-  ufd = open_file(*word + 2, "we");
+  ufd = open_file(*word + 2, "w");
   return 0;
 }
 
 static int where_file(char** word) {
   global_flags |= sql_where;
-  wfd = open_file(*word + 2, "we");
+  wfd = open_file(*word + 2, "w");
   return 0;
 }
 

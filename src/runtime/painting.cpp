@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace scrim {
 
@@ -102,16 +103,15 @@ static swin_place& place_of(const gadget_list& swin) {
 
 // The start of the line behind `line`, or the end of the data.
 static const char* line_behind(const char* line) {
-  const char* end = strchrnul(line, '\n');
-  return *end ? end + 1 : end;
+  const char* newline = std::strchr(line, '\n');
+  return newline ? newline + 1 : line + std::strlen(line);
 }
 
 // The start of the line before `line`, which is not the first.
 static const char* line_before(const char* data, const char* line) {
   auto length = static_cast<std::size_t>(line - data);
   if (data[length - 1] == '\n') length--;
-  const void* newline = memrchr(data, '\n', length);
-  return newline ? static_cast<const char*>(newline) + 1 : data;
+  return data + (std::string_view(data, length).rfind('\n') + 1);  // none found: data
 }
 
 // The start of line n (from 0) of a window's data, or the end of the data: from the last place, or

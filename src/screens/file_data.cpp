@@ -35,7 +35,9 @@ static char* data_memory(std::size_t n) {
   if (n < huge_page) {
     memory = malloc(n);
   } else if (posix_memalign(&memory, huge_page, n) == 0) {
+#ifdef MADV_HUGEPAGE
     madvise(memory, n, MADV_HUGEPAGE);
+#endif
   } else {
     memory = nullptr;
   }

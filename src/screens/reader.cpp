@@ -34,7 +34,7 @@ void refuse(int status, std::initializer_list<std::string_view> parts) {
 
 static FILE* open_for_reading(const char* path) {
   if (std::strcmp(path, "stdin") == 0) return stdin;
-  FILE* file = fopen(path, "re");
+  FILE* file = fopen(path, "r");
   struct stat about;
   if (file && fstat(fileno(file), &about) == 0 && S_ISDIR(about.st_mode)) {
     fclose(file);

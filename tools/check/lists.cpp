@@ -15,9 +15,11 @@
 #include <string>
 #include <string_view>
 
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#if __has_include(<sys/prctl.h>)
+#include <sys/prctl.h>
+#endif
 
 namespace scrim {
 
@@ -36,9 +38,12 @@ static void write_all(int fd, std::string_view bytes) {
   }
 }
 
-// When scrim-check is killed nobody reads the findings: its child ends with it.
+// When scrim-check is killed nobody reads the findings: its child ends with it where the system can
+// do that.
 static void end_after(pid_t parent) {
+#ifdef PR_SET_PDEATHSIG
   prctl(PR_SET_PDEATHSIG, SIGTERM);
+#endif
   if (getppid() != parent) _exit(wrong_call);
 }
 

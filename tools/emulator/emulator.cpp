@@ -18,10 +18,14 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/ioctl.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#if __has_include(<sys/prctl.h>)
+#include <sys/prctl.h>
+#endif
+
+extern "C" char** environ;  // not every system's headers declare it
 
 namespace scrim {
 
@@ -38,6 +42,13 @@ static bool is_c1(std::uint32_t code) { return code >= 0x80 && code <= 0x9F; }
 static void close_descriptor(int& descriptor) {
   if (descriptor >= 0) close(descriptor);
   descriptor = -1;
+}
+
+// Two joined descriptors that the command does not inherit.
+static bool make_pair(int (&pair)[2], bool both_ways) {
+  if ((both_ways ? socketpair(AF_UNIX, SOCK_STREAM, 0, pair) : pipe(pair)) != 0) return false;
+  for (int descriptor : pair) fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+  return true;
 }
 
 static bool same_settings(const termios& left, const termios& right) {
@@ -107,7 +118,9 @@ static bool report(int control, int value) {
 // The session's leader: reports the command's process number, then the command's wait status, and
 // ends when the emulator closes its end of the socket.
 [[noreturn]] static void lead(const session& own) {
+#ifdef PR_SET_PDEATHSIG
   prctl(PR_SET_PDEATHSIG, SIGKILL);  // the end of the leader hangs the command up
+#endif
   setsid();
   if (own.setup.controlling) ioctl(own.slave, TIOCSCTTY, 0);
   if (own.setup.nonblocking) fcntl(own.slave, F_SETFL, O_RDWR | O_NONBLOCK);
@@ -171,11 +184,12 @@ Emulator::~Emulator() {
 }
 
 void Emulator::open_terminal() {
-  master_ = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
-  char name[64];
-  if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0 ||
-      ptsname_r(master_, name, sizeof name) != 0)
-    return;
+  master_ = posix_openpt(O_RDWR | O_NOCTTY);
+  if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0) return;
+  fcntl(master_, F_SETFD, FD_CLOEXEC);
+  fcntl(master_, F_SETFL, O_RDWR | O_NONBLOCK);
+  const char* name = ptsname(master_);
+  if (!name) return;
   slave_ = open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
   resize(rows_, columns_);
 }
@@ -183,10 +197,10 @@ void Emulator::open_terminal() {
 bool Emulator::start(const std::vector<std::string>& arguments) {
   int control[2], output[2] = {-1, setup.output};
   if (slave_ < 0 || arguments.empty() || tcgetattr(slave_, &before_) != 0 ||
-      socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, control) != 0)
+      !make_pair(control, true))
     return false;
   control_ = control[0];
-  if (setup.output < 0 && pipe2(output, O_CLOEXEC) != 0) return false;
+  if (setup.output < 0 && !make_pair(output, false)) return false;
   collected_ = output[0];
   leader_ = fork();
   if (leader_ == 0) {
