@@ -8,7 +8,6 @@
 #include "screens/reader.h"
 
 #include <cstring>
-#include <string_view>
 
 namespace scrim {
 
@@ -23,8 +22,8 @@ static const char* rest_of_line() {
 }
 
 // An option is told by its first five characters.
-static bool is_option(std::string_view text, std::string_view option) {
-  return text.substr(0, 5) == option.substr(0, 5);
+static bool is_option(const char* text, const char* option) {
+  return std::strncmp(text, option, 5) == 0;
 }
 
 int f_fulls() {

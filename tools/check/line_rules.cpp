@@ -15,8 +15,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <new>
-#include <sstream>
 #include <string>
+#include <string_view>
 
 namespace scrim {
 
@@ -220,10 +220,11 @@ static std::string whole_file() {
   return text + '\n';
 }
 
-static std::vector<std::string> lines_of(const std::string& text) {
+// The lines of a text that ends with a newline.
+static std::vector<std::string> lines_of(std::string_view rest) {
   std::vector<std::string> lines;
-  std::istringstream rest(text);
-  for (std::string line; std::getline(rest, line);) lines.push_back(line);
+  for (; !rest.empty(); rest.remove_prefix(lines.back().size() + 1))
+    lines.emplace_back(rest.substr(0, rest.find('\n')));
   return lines;
 }
 
