@@ -26,7 +26,9 @@ static std::string item_of(const char* line, int n) {
   return std::string(next_item(at));
 }
 
-static std::string quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
+static std::string quoted(std::string_view text) {
+  return std::string("'").append(text).append("'");
+}
 
 static void check_length(form& checked, int line, const std::string& what, std::string_view text,
                          std::size_t most) {
