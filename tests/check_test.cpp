@@ -28,7 +28,7 @@ TEST(Check, EveryFindingIsSaidAtItsLine) {
     SCOPED_TRACE(folder.path());
     Terminal t({.directory = folder.path()});
     t.command({"sh", "-c", "exec $0 $(cat call 2>/dev/null || ls *.scrim | paste -s -d , -)",
-               SCRIM_CHECK_BINARY});
+               program("scrim-check")});
     const std::string expected = t.read(folder.path() / "form.expected");
     const bool has_fault = std::regex_search(expected, std::regex("(^|\n)\\S+ (?!note: )"));
     t.expect_exit(has_fault ? 1 : 0, expected);
@@ -84,7 +84,7 @@ TEST(Check, WhateverTheTableNamesIsChecked) {
   }
   Terminal t;
   t.file("form", lines);
-  t.command({"sh", "-c", SCRIM_CHECK_BINARY " form | grep missing,"});
+  t.command({"sh", "-c", "$0 form | grep missing,", program("scrim-check")});
   t.expect_exit(0, output);
   for (const rule& it : rules) {
     const int row = directive_row(it.keyword);
@@ -124,7 +124,7 @@ TEST(Check, CallsAndLimits) {
     t.file("good", "fulls\n");
     t.file("noted", "fulls\netext:1,1,9::PATH\n");
     t.file("bad", "x\nfulls\nbdefault:>x\n");
-    t.command({"sh", "-c", call, SCRIM_CHECK_BINARY});
+    t.command({"sh", "-c", call, program("scrim-check")});
     t.expect_exit(status, output);
   }
 }
@@ -152,7 +152,7 @@ TEST(Check, ExamplesAreClean) {
     Terminal t({.directory = folder.path()});
     t.command({"sh", "-c",
                "export LOG_FILE=$0 FOUND=$0 RECIPE_LOG=$0 RECIPE_POSITION=1,0; exec $0 -W " + forms,
-               SCRIM_CHECK_BINARY});
+               program("scrim-check")});
     t.expect_exit(0, "");
   }
 }

@@ -1,6 +1,6 @@
 // tests/terminal: the expectations are conditions on the emulator's screen, polled.
-// SCRIM_BINARY names the program, SCRIM_TERMINFO the directory of the tests' own terminals,
-// SCRIM_PATIENCE a time.
+// SCRIM_BINARY and SCRIM_CHECK_BINARY name the programs, SCRIM_TERMINFO the directory of the tests'
+// own terminals, SCRIM_PATIENCE a time.
 
 #include "tests/terminal.h"
 
@@ -33,6 +33,11 @@ static std::string place(int row, int column) {
 
 std::string times(int n, const std::string& keys) { return n ? keys + times(n - 1, keys) : ""; }
 
+std::string program(const std::string& name) {
+  if (const char* directory = getenv("SCRIM_PROGRAMS")) return directory + ("/" + name);
+  return name == "scrim" ? SCRIM_BINARY : SCRIM_CHECK_BINARY;
+}
+
 static std::string report(const std::string& button, int column, int row) {
   return "<Esc>>" + button + ";" + std::to_string(column) + ";" + std::to_string(row) + "X";
 }
@@ -47,7 +52,7 @@ Terminal::Terminal(const emulator_setup& setup) : emulator(setup) {
   directory_ = name;
   if (emulator.setup.directory.empty()) emulator.setup.directory = name;
   const char* path = getenv("PATH");
-  std::string own = std::filesystem::path(SCRIM_BINARY).parent_path();
+  const std::string own = std::filesystem::path(program("scrim")).parent_path();
   env("PATH", own + ":" + (path ? path : "/usr/bin:/bin"));
   setenv("TERMINFO_DIRS", SCRIM_TERMINFO ":", 1);  // for the program and for the names of keys
 }
@@ -62,7 +67,7 @@ void Terminal::file(const std::string& name, std::string_view content) {
 }
 
 void Terminal::run(std::vector<std::string> arguments, test_line where) {
-  arguments.insert(arguments.begin(), SCRIM_BINARY);
+  arguments.insert(arguments.begin(), program("scrim"));
   command(arguments, where);
 }
 

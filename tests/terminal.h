@@ -32,6 +32,10 @@ std::string press(int column, int row);
 std::string release(int column, int row);
 std::string click(int column, int row);
 
+// Where scrim or scrim-check under test is: in the directory that the variable SCRIM_PROGRAMS
+// names, or in this build.
+std::string program(const std::string& name);
+
 class Terminal {
  public:
   // Terminal t({.term = "vt100", .rows = 24}); makes a working directory of its own.

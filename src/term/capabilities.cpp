@@ -5,6 +5,7 @@
 
 #include "common/program.h"
 #include "common/text.h"
+#include "term/built_in.h"
 #include "term/key_codes.h"
 #include "term/tty.h"
 
@@ -193,7 +194,7 @@ static void load_numbers() {
   attrib_space = std::clamp(cells, 0, layout_columns);
 }
 
-static bool find_description() {
+static bool look_up() {
   if (use_termcap) {
     const char* term = getenv("TERM");
     copy_text(mtermname, term ? term : "");
@@ -203,6 +204,14 @@ static bool find_description() {
   int result = 0;
   setupterm(nullptr, STDOUT_FILENO, &result);
   return result == 1;
+}
+
+static bool find_description() {
+#ifdef SCRIM_STATIC
+  return look_up() || find_built_in(look_up);
+#else
+  return look_up();
+#endif
 }
 
 static void graphics_from_termcap() {
