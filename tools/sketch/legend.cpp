@@ -4,6 +4,7 @@
 #include "tools/sketch/legend.h"
 
 #include "common/text.h"
+#include "screens/directives.h"
 #include "tools/sketch/source.h"
 
 #include <algorithm>
