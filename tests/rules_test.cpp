@@ -68,6 +68,9 @@ TEST(Rules, ReferencesAndEscapesAreSubstituted) {
     env_substitute(text.c_str());
     EXPECT_EQ(tbuf, becomes) << text;
   }
+  for (int i = 1; i < 5000; i++) set_alt_an_env(std::to_string(i * 7).c_str());
+  for (int i = 1; i < 5000; i++)  // also the one that was looked up before
+    EXPECT_EQ(get_an_env(std::to_string(i)), std::to_string(i * 7));
 }
 
 static void new_screen() {
