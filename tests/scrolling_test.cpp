@@ -11,7 +11,7 @@ TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
     std::string after, keys;
     int first;           // data line in the window's first row; 11: all are blank
     int cursor, marked;  // rows, 0: none
-    std::string value = "", before = "";
+    std::string value = "", before = "", end = "";
   } cases[] = {{"", times(30, "<Down>"), 9, 4, 0},
                {"", "<Up><PgUp>" + times(5, "<Down>") + times(4, "<Up>"), 2, 1, 0},
                {"", "<Down><PgDn><PgDn><PgDn>", 7, 1, 0},
@@ -28,11 +28,14 @@ TEST(Scrolling, KeysMoveTheCursorTheRowsAndTheSelection) {
                {"swhigh:cursor\nswpos:40000,0", "", 1, 22, 0, "40000,0"},  // below the terminal
                {"swpos:2,-4", " ", 1, 2, 2, "2,0"},
                {"swpos:9,1", "<Down><Up><Up>", 2, 7, 0},
+               {"swpos:9,7", "", 8, 2, 0},  // nearer to the end
+               {"swpos:9,7", "<Down>", 8, 3, 0, "", "", "\n"},
+               {"swpos:99,98", "<Up>", 11, 1, 0},
                {"swhigh:cursor\nswpos:0,0", "<Up><Up><Up><Down><Down>", 1, -1, 0, "-1,0"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::PrintToString(std::tuple(c.before, c.after, c.keys)));
     Terminal t;
-    t.file("data", "1\n2\n3\n4\n5\n6\n7\n8\n9\nlast");
+    t.file("data", "1\n2\n3\n4\n5\n6\n7\n8\n9\nlast" + c.end);
     t.form(c.before + "fulls:clear\nswin:2,1,20,6:data:V\n" + c.after + "\n");
     t.type(c.keys);
     t.expect_cursor(1 + c.cursor, 3);

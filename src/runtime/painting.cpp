@@ -6,10 +6,12 @@
 
 #include "common/program.h"
 #include "common/text.h"
+#include "screens/file_data.h"
 #include "term/drawing.h"
 #include "term/endings.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -115,12 +117,17 @@ static const char* line_before(const char* data, const char* line) {
 }
 
 // The start of line n (from 0) of a window's data, or the end of the data: from the last place, or
-// from the top where that is nearer.
+// from the data's start or end where that is nearer.
 static const char* data_line(const gadget_list& swin, int n) {
   swin_place& place = place_of(swin);
+  const char* end = data_end(swin);
+  const std::int64_t lines = std::int64_t{swin.l} + (end > swin.filedata && end[-1] != '\n');
   if (n < place.line / 2) {
     place.line = 0;
     place.start = swin.filedata;
+  } else if (lines < INT_MAX && n > (place.line + lines) / 2) {  // more were not counted
+    place.line = static_cast<int>(lines);
+    place.start = end;
   }
   for (; place.line < n && *place.start; place.line++) place.start = line_behind(place.start);
   for (; place.line > n; place.line--) place.start = line_before(swin.filedata, place.start);

@@ -28,6 +28,14 @@ static const std::size_t huge_page = std::size_t{2}
                                      << 20;  // large data is aligned to pages of this size
 static const char no_memory[] = "Can't allocate memory for file data";
 
+// Where the data of each scroll window end.
+struct end_of_data {
+  end_of_data* next;
+  const gadget_list* swin;
+  const char* end;
+};
+static end_of_data* ends = nullptr;
+
 // Memory for n bytes of data. A large block is asked for in large pages: the system hands out a few
 // of them faster than many small ones.
 static char* data_memory(std::size_t n) {
@@ -65,9 +73,8 @@ struct reading {
   char* data;  // `size` bytes, of which `used` are read
   std::size_t size;
   std::size_t used;
-  std::int64_t newlines;  // before the first NUL
-  bool ended;             // a NUL has come: data end there
-  bool failed;            // a read has failed
+  std::int64_t newlines;
+  bool failed;  // a read has failed
 };
 
 // Reads up to n bytes more. Returns false at the end of the data, which is that of the file or a
@@ -79,23 +86,17 @@ static bool read_more(reading& file, char* to, std::size_t n) {
   } while (got < 0 && errno == EINTR);
   file.failed = got < 0;
   const auto bytes = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
-  if (bytes > 0) {
-    const void* nul = std::memchr(to, 0, bytes);
-    file.ended = nul != nullptr;
-    file.newlines += count_newlines(
-        to, nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - to) : bytes);
-  }
-  file.used += bytes;
-  return bytes > 0 && !file.ended;
+  const void* nul = std::memchr(to, 0, bytes);
+  const auto kept = nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - to) : bytes;
+  file.newlines += count_newlines(to, kept);
+  file.used += kept;
+  return bytes > 0 && !nul;
 }
 
 // A file that tells no size, as a pipe: makes room when there is more to read.
 static bool read_past_size(reading& file) {
   char more = 0;
-  if (!read_more(file, &more, 1)) {
-    file.used = file.size - 1;
-    return false;
-  }
+  if (!read_more(file, &more, 1)) return false;
   const std::size_t size = std::max(2 * file.size, read_piece);
   char* moved = data_memory(size);
   std::memcpy(moved, file.data, file.used - 1);
@@ -134,9 +135,18 @@ bool read_file_data(gadget_list& swin, const char* path) {
     free(file.data);
     return false;
   }
+  auto* end = static_cast<end_of_data*>(allocate(sizeof(end_of_data), no_memory, exit_screen));
+  *end = {ends, &swin, file.data + file.used};
+  ends = end;
   swin.filedata = file.data;
   swin.l = static_cast<int>(std::min<std::int64_t>(file.newlines, INT_MAX));
   return true;
+}
+
+const char* data_end(const gadget_list& swin) {
+  const end_of_data* at = ends;
+  while (at->swin != &swin) at = at->next;
+  return at->end;
 }
 
 }  // namespace scrim

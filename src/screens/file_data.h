@@ -12,4 +12,7 @@ namespace scrim {
 // status 3.
 bool read_file_data(gadget_list& swin, const char* path);
 
+// The NUL that ends the data of a scroll window.
+const char* data_end(const gadget_list& swin);
+
 }  // namespace scrim
