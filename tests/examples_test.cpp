@@ -70,8 +70,8 @@ TEST(Examples, EnterWalksForward) {
        "The form was left with RETN=end. The script now has\n  NAME=Ann Smith!\n  PIECES=32\n"
        "  DUE=12/31/2026\n  PIN of 2 characters\n  GIFT=_\n  PAPER=_\n  MAIL=X COURIER=_\n"
        "  STATE=Closed\n  LINE=4,0\n"},
-      {"cd .. && eval \"$(sed -n '/^```sh$/,/^```$/{/^```/!p;}' README.md)\"", "Ann<Enter><Enter>",
-       "Hello, Ann\n"},
+      {"cd .. && eval \"$(sed -n '/^```sh$/,/^```$/{/^```/!p;}' README.md)\"",
+       "Ann<Enter><Enter><Enter><Enter><Enter><Enter>", "Hello, Ann (Free)\n"},
       {"sed -n '/^# customer/,/^\\.Ed/{/^\\.Ed/!p;}' ../man/scrim-screen.5 | scrim -f stdin",
        "Smith<Enter>1/2/99<Enter>C<Enter> <Enter> <Enter><Enter>",
        "MAIL=\"X\";export MAIL;PRINT=\"X\";export PRINT;STATE=\"Closed\";export STATE;"
