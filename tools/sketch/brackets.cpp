@@ -26,11 +26,11 @@ static int closing(const picture& seen, int x, int y, char bracket) {
 static bool check_inside(source& from, const picture& seen, int x, int end, int y) {
   for (int i = x; i <= end; i++) {
     if (is_taken(seen, i, y)) {
-      report(from, place_of(seen, i, y), "a gadget drawn over a frame");
+      report(from, place_of(seen, i, y), {"a gadget drawn over a frame"});
     } else if (at(seen, i, y) == not_ascii) {
-      report(from, place_of(seen, i, y), "a gadget has only characters of ASCII");
+      report(from, place_of(seen, i, y), {"a gadget has only characters of ASCII"});
     } else if (i > x && at(seen, i, y) == '[') {
-      report(from, place_of(seen, x, y), "an open bracket without its end");
+      report(from, place_of(seen, x, y), {"an open bracket without its end"});
     } else {
       continue;
     }
@@ -59,7 +59,7 @@ static void take_field(source& from, picture& seen, sketch& drawn, int x, int en
   const bool is_list = inside.size() > 2 && inside.ends_with(" v");
   const std::string name = trimmed(is_list ? inside.substr(0, inside.size() - 1) : inside);
   if (name.empty()) {
-    report(from, place_of(seen, x, y), "a field without a name: write its variable into it");
+    report(from, place_of(seen, x, y), {"a field without a name: write its variable into it"});
     return take(seen, {x, y, end - x + 1});
   }
   gadget& field =
@@ -106,7 +106,7 @@ static int take_bracket(source& from, picture& seen, sketch& drawn, int x, int y
   const int end = closing(seen, x, y, ending[which]);
   const bool marked = bracket == '[' || (at(seen, x + 1, y) == '_' && bracket != '{');
   if (end == 0) {
-    if (marked) report(from, place_of(seen, x, y), "an open bracket without its end");
+    if (marked) report(from, place_of(seen, x, y), {"an open bracket without its end"});
     return x;
   }
   const std::string inside = row_text(seen, x + 1, y, end - x - 1);

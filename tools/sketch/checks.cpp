@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace scrim {
@@ -37,34 +38,34 @@ static void check_length(source& from, const gadget& it, const std::string& what
                          const std::string& text, std::size_t most) {
   if (text.size() > most)
     report(from, it.drawn,
-           what + " '" + text + "' is too long: " + std::to_string(most) + " characters are kept");
+           {what, " '", text, "' is too long: ", std::to_string(most), " characters are kept"});
   if (what != "the file" && text.find(':', text.rfind('}') + 1) != std::string::npos)
-    report(from, it.drawn, what + " '" + text + "' has a colon, at which it would end");
+    report(from, it.drawn, {what, " '", text, "' has a colon, at which it would end"});
 }
 
 static void check_variable(source& from, const gadget& it) {
   if (it.what == kind::button || (it.what == kind::window && it.variable.empty())) return;
   if (it.variable.empty())
     return report(from, it.drawn,
-                  "no variable: write a text beside it, or let the legend name one");
+                  {"no variable: write a text beside it, or let the legend name one"});
   if (it.variable.size() > longest_name || !is_shell_name(it.variable))
     report(from, it.drawn,
-           "'" + it.variable + "' is no variable: letters, digits and '_', " +
-               std::to_string(longest_name) + " at most; the legend can name another");
+           {"'", it.variable, "' is no variable: letters, digits and '_', ",
+            std::to_string(longest_name), " at most; the legend can name another"});
   if (has_other_use(it.variable))
-    report(from, it.drawn, "the variable " + it.variable + " has another use in scripts");
+    report(from, it.drawn, {"the variable ", it.variable, " has another use in scripts"});
 }
 
 static void check_field(source& from, const gadget& it) {
   if (it.what != kind::field) return;
   if (it.type == "DATE" && it.most < checked_date)
     report(from, it.drawn,
-           "a date takes " + std::to_string(checked_date) + " characters: draw the field " +
-               std::to_string(checked_date - it.cells.w) + " wider, or let the legend say 'most " +
-               std::to_string(checked_date) + "'");
+           {"a date takes ", std::to_string(checked_date), " characters: draw the field ",
+            std::to_string(checked_date - it.cells.w), " wider, or let the legend say 'most ",
+            std::to_string(checked_date), "'"});
   if (it.most > static_cast<int>(longest_value))
     report(from, it.drawn,
-           "a field takes " + std::to_string(longest_value) + " characters at most");
+           {"a field takes ", std::to_string(longest_value), " characters at most"});
 }
 
 // The columns of a list: those of its longest word and two more. What a reference will be is not
@@ -79,14 +80,14 @@ static std::size_t list_width(const gadget& it) {
 static void check_list(source& from, gadget& it) {
   if (it.what != kind::list) return;
   if (it.entries.size() < 2)
-    report(from, it.drawn, "a list has two entries at least: let the legend name them");
+    report(from, it.drawn, {"a list has two entries at least: let the legend name them"});
   for (const std::string& entry : it.entries)
     check_length(from, it, "the entry", entry, longest_value);
   const std::size_t width = list_width(it);
   if (width > static_cast<std::size_t>(it.cells.w))
     report(from, it.drawn,
-           "a list as wide as its longest word and two more: draw it " +
-               std::to_string(width - static_cast<std::size_t>(it.cells.w)) + " wider");
+           {"a list as wide as its longest word and two more: draw it ",
+            std::to_string(width - static_cast<std::size_t>(it.cells.w)), " wider"});
   it.cells.w = static_cast<int>(width);
 }
 
@@ -96,7 +97,7 @@ static void check_gadget(source& from, gadget& it) {
     check_length(from, it, "the label", it.label, longest_label - 1);
     check_length(from, it, "the action", it.action, longest_action);
     if (it.action.empty() || it.action.find(' ') != std::string::npos)
-      report(from, it.drawn, "an action is one word: let the legend name another");
+      report(from, it.drawn, {"an action is one word: let the legend name another"});
   }
   check_variable(from, it);
   check_length(from, it, "the value", it.value, longest_value);
@@ -122,8 +123,8 @@ static void check_unique(source& from, const sketch& drawn) {
     const auto [first, is_new] = seen.emplace((button ? "_" : "=") + name, &it);
     if (!is_new)
       report(from, it.drawn,
-             (button ? "two buttons with the hot key " : "two gadgets of the name ") + name +
-                 ": the other one is in line " + std::to_string(first->second->drawn.line));
+             {(button ? "two buttons with the hot key " : "two gadgets of the name "), name,
+              ": the other one is in line ", std::to_string(first->second->drawn.line)});
   }
 }
 
@@ -132,11 +133,11 @@ static void check_order(source& from, const sketch& drawn) {
   std::sort(sorted.begin(), sorted.end());
   const bool whole = sorted.size() == drawn.gadgets.size() &&
                      std::adjacent_find(sorted.begin(), sorted.end()) == sorted.end();
-  if (!whole) report(from, drawn.order_said, "the order has to name every gadget, and each once");
+  if (!whole) report(from, drawn.order_said, {"the order has to name every gadget, and each once"});
   if (*drawn.active == no_gadget || drawn.active == drawn.order.front()) return;
   const gadget& active = drawn.gadgets[*drawn.active];
   if (needs_first_place(active))
-    report(from, active.drawn, "what is active at first has to be the first of the order here");
+    report(from, active.drawn, {"what is active at first has to be the first of the order here"});
 }
 
 static void check_checked(source& from, const sketch& drawn) {
@@ -145,8 +146,8 @@ static void check_checked(source& from, const sketch& drawn) {
     if (it.verbatim || it.what != kind::exclusive || it.value != "X") continue;
     if (first)
       report(from, it.drawn,
-             "checked, as the one in line " + std::to_string(first->drawn.line) +
-                 " is: of these boxes one is checked at most");
+             {"checked, as the one in line ", std::to_string(first->drawn.line),
+              " is: of these boxes one is checked at most"});
     first = &it;
   }
 }
@@ -162,7 +163,7 @@ static void check_places(source& from, const sketch& drawn) {
     const attached_lines& said = drawn.attached_said[letter == 'a' ? 0 : 1];
     if (!said.lines.empty() && !has_place(drawn, letter))
       report(from, said.where,
-             std::string("the picture has no place for this text: {") + letter + "   }");
+             {"the picture has no place for this text: {", std::string_view(&letter, 1), "   }"});
   }
 }
 
@@ -172,8 +173,8 @@ static void check_attached(source& from, const sketch& drawn) {
       for (const std::string& line : drawn.attached_said[letter == 'a' ? 0 : 1].lines)
         if (line.size() > static_cast<std::size_t>(it.cells.w))
           report(from, it.drawn,
-                 "the text '" + line + "' has " + std::to_string(line.size()) +
-                     " characters: draw this wider");
+                 {"the text '", line, "' has ", std::to_string(line.size()),
+                  " characters: draw this wider"});
 }
 
 void check_sketch(source& from, sketch& drawn) {
@@ -185,8 +186,8 @@ void check_sketch(source& from, sketch& drawn) {
   check_checked(from, drawn);
   if (drawn.name.size() > longest_screen_name)
     report(from, {1, 1},
-           "the screen's name is too long: " + std::to_string(longest_screen_name) +
-               " characters at most");
+           {"the screen's name is too long: ", std::to_string(longest_screen_name),
+            " characters at most"});
 }
 
 }  // namespace scrim

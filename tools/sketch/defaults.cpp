@@ -185,13 +185,14 @@ static void add_run(source& from, sketch& drawn, int x, int y, const std::string
   drawn.texts.push_back({x, y, text, {}});
   if (x < first_text_column || y < first_text_row)
     report(from, {drawn.corner.line + y, drawn.corner.column + x},
-           "this screen is painted again, and a frame in it comes back only "
-           "from the window's third row and fifth column on");
+           {"this screen is painted again, and a frame in it comes back only "
+            "from the window's third row and fifth column on"});
 }
 
 static void add_edges(source& from, sketch& drawn, const extent& frame) {
   const auto& [x, y, w, h] = frame;
-  const std::string edge = "+" + std::string(static_cast<std::size_t>(w - 2), '-') + "+";
+  std::string edge(static_cast<std::size_t>(w), '-');
+  edge.front() = edge.back() = '+';
   for (const int row : {y, y + h - 1}) add_run(from, drawn, x, row, edge);
   for (int row = y + 1; row < y + h - 1; row++)
     for (const int column : {x, x + w - 1}) add_run(from, drawn, column, row, "|");

@@ -24,11 +24,11 @@ static std::size_t find_gadget(source& from, const sketch& drawn, const entry& a
     if (about.number == 0 || about.number == count) found = i;
   }
   if (found == no_gadget) {
-    report(from, about.where, "nothing in the picture is called '" + about.key + "'");
+    report(from, about.where, {"nothing in the picture is called '", about.key, "'"});
   } else if (about.number == 0 && count > 1) {
     report(from, about.where,
-           "'" + about.key + "' is there " + std::to_string(count) +
-               " times: say which one with '" + about.key + "#1'");
+           {"'", about.key, "' is there ", std::to_string(count), " times: say which one with '",
+            about.key, "#1'"});
     return no_gadget;
   }
   return found;
@@ -55,7 +55,7 @@ static void apply_screen(source& from, sketch& drawn, const entry& about) {
     } else if (said.name == "pop" && full) {
       drawn.window = "pop:" + std::to_string(drawn.cells.w) + "," + std::to_string(drawn.cells.h);
     } else {
-      report(from, said.where, "'" + said.name + "' can't be said of this screen");
+      report(from, said.where, {"'", said.name, "' can't be said of this screen"});
     }
   }
 }
@@ -79,7 +79,7 @@ static void apply_default(source& from, sketch& drawn, const entry& about) {
   drawn.default_action = unquoted(split_items(about.text, about.where)[0].name);
   drawn.default_checks = said.size() == 2 && said[1].name == "check";
   if (said.size() > 2 || (said.size() == 2 && said[1].name != "check"))
-    report(from, said[1].where, "behind the action only 'check' can stand");
+    report(from, said[1].where, {"behind the action only 'check' can stand"});
 }
 
 static void apply_attached(source&, sketch& drawn, const entry& about) {
@@ -111,7 +111,7 @@ static void apply_to_gadget(source& from, sketch& drawn, const entry& about) {
 // Lines without a key are placed with the texts; those with one declare a gadget.
 static void add_lines(source& from, sketch& drawn, const entry& about) {
   if (directive_row(about.lines[0]) == -1)
-    report(from, about.where, "this is no line of a screen file");
+    report(from, about.where, {"this is no line of a screen file"});
   if (about.key.empty()) {
     drawn.lines.insert(drawn.lines.end(), about.lines.begin(), about.lines.end());
     return;

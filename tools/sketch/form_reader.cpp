@@ -147,7 +147,7 @@ static void check_covering(source& from, const read_form& form, const read_text&
         text.end > it.cells.x)
       report(
           from, text.run.drawn,
-          "a sketch cannot hold a text over the gadget of line " + std::to_string(it.drawn.line));
+          {"a sketch cannot hold a text over the gadget of line ", std::to_string(it.drawn.line)});
 }
 
 static std::vector<std::string> lines_between(const source& from, int first, int last) {
@@ -214,9 +214,9 @@ static void take_screen_line(source& from, read_form& form, std::string_view key
                              const std::string& line, int number) {
   if (keyword == "fulls" || keyword == "pop:") {
     if (!form.drawn.window.empty())
-      report(from, {number, 1}, "a sketch cannot hold a second window");
+      report(from, {number, 1}, {"a sketch cannot hold a second window"});
     if (s_screen[curscreen].gadget_lp)
-      report(from, {number, 1}, "a sketch cannot hold a gadget that precedes the window");
+      report(from, {number, 1}, {"a sketch cannot hold a gadget that precedes the window"});
     form.drawn.window = line;
   }
   if (keyword == "table:") form.drawn.lines.push_back(line);
@@ -260,9 +260,9 @@ static void take_window_size(source& from, sketch& drawn) {
   drawn.name = screen.screenname;
   drawn.title = screen.screentitle;
   if (drawn.window.empty()) {
-    report(from, {1, 1}, "a screen without a window cannot be drawn");
+    report(from, {1, 1}, {"a screen without a window cannot be drawn"});
   } else if (screen.windw < 3 || screen.windh < 2 || screen.windw > 1000 || screen.windh > 1000) {
-    report(from, {1, 1}, "a window of this size cannot be drawn");
+    report(from, {1, 1}, {"a window of this size cannot be drawn"});
   }
   if (screen.screentype & ST_POP)
     drawn.window = "pop:" + std::to_string(screen.windw) + "," + std::to_string(screen.windh);
@@ -299,7 +299,7 @@ static void take_comments(const source& from, sketch& drawn) {
 
 static bool take_refusal(source& from) {
   if (refused.status == 0) return false;
-  report(from, {std::max(line_number, 1), 1}, refused.message);
+  report(from, {std::max(line_number, 1), 1}, {refused.message});
   return true;
 }
 

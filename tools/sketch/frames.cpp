@@ -32,8 +32,8 @@ static int right_corner(const picture& seen, int x, int y) {
 
 static void report_open_side(source& from, const picture& seen, int x, int y) {
   report(from, place_of(seen, x, y),
-         cell(seen, x, y) == blank ? "a frame that is not closed: here its side should be"
-                                   : "drawn over a frame, whose side should be here");
+         {cell(seen, x, y) == blank ? "a frame that is not closed: here its side should be"
+                                    : "drawn over a frame, whose side should be here"});
 }
 
 // The rows from `y` down to the lower edge, both included; 0, with a mistake noted: there is none.
@@ -44,7 +44,7 @@ static int frame_height(source& from, const picture& seen, int x, int right, int
     report_open_side(from, seen, at(seen, x, row) == '|' ? right : x, row);
     return 0;
   }
-  report(from, place_of(seen, x, y), "a frame that is not closed: it has no lower edge");
+  report(from, place_of(seen, x, y), {"a frame that is not closed: it has no lower edge"});
   return 0;
 }
 
@@ -63,7 +63,7 @@ static void take_window(source& from, picture& seen, sketch& drawn, const extent
                         const std::string& name) {
   for (int y = cells.y + 1; y < cells.y + cells.h - 1; y++)
     if (!is_blank(row_text(seen, cells.x + 1, y, cells.w - 2)))
-      report(from, place_of(seen, cells.x + 1, y), "nothing can stand in a scroll window");
+      report(from, place_of(seen, cells.x + 1, y), {"nothing can stand in a scroll window"});
   take(seen, cells);
   gadget window = {.what = kind::window, .cells = cells, .key = name};
   window.drawn = place_of(seen, cells.x, cells.y);
@@ -82,7 +82,7 @@ static void take_box(picture& seen, sketch& drawn, const extent& cells) {
 static void take_frame(source& from, picture& seen, sketch& drawn, int x, int y) {
   const int right = right_corner(seen, x, y);
   if (right == 0) {
-    report(from, place_of(seen, x, y), "a frame that is not closed: its upper edge has no end");
+    report(from, place_of(seen, x, y), {"a frame that is not closed: its upper edge has no end"});
     return;
   }
   const int height = frame_height(from, seen, x, right, y);

@@ -127,7 +127,7 @@ static void take_entry(source& from, std::size_t& index, legend& read) {
   const std::size_t quoted = quoted_length(text, ":=#");
   const std::size_t end = text.find_first_of(":=", quoted);
   if (end == std::string_view::npos) {
-    report(from, where, "this line has no ':' behind what it is about");
+    report(from, where, {"this line has no ':' behind what it is about"});
     return;
   }
   entry made = keyed(text.substr(0, end), where);

@@ -81,7 +81,7 @@ static int sketch_to_screen(const std::string& path, std::string& made) {
   if (!from.mistakes.empty()) return end_with(from);
   made = made_of(drawn, path);
   for (const std::string& line : split_lines(made))
-    if (line.size() > longest_line) report(from, {1, 1}, "too long for a screen file: " + line);
+    if (line.size() > longest_line) report(from, {1, 1}, {"too long for a screen file: ", line});
   return from.mistakes.empty() ? 0 : end_with(from);
 }
 

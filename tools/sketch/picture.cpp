@@ -83,7 +83,7 @@ static std::vector<std::string> row_of(source& from, int index) {
       continue;
     }
     report(from, {index + 1, static_cast<int>(row.size()) + 1},
-           "a TAB, which is not as wide everywhere: draw with blanks");
+           {"a TAB, which is not as wide everywhere: draw with blanks"});
     row.resize((row.size() / 8 + 1) * 8, blank);
   }
   return row;
@@ -115,7 +115,7 @@ static void take_outside(source& from, const picture& seen, std::vector<std::str
                          std::size_t n, int y) {
   for (std::size_t x = n; x < row.size(); x++) {
     if (row[x] == blank) continue;
-    report(from, place_of(seen, static_cast<int>(x), y), "outside of the frame");
+    report(from, place_of(seen, static_cast<int>(x), y), {"outside of the frame"});
     break;
   }
   row.resize(n, blank);
@@ -131,7 +131,7 @@ static std::size_t last_corner(const std::vector<std::string>& row) {
 static bool find_upper_edge(source& from, picture& seen, sketch& drawn) {
   seen.top = first_row(from, drawn);
   if (seen.top == static_cast<int>(from.lines.size())) {
-    report(from, {1, 1}, "there is no picture");
+    report(from, {1, 1}, {"there is no picture"});
     return false;
   }
   const std::string& line = from.lines[static_cast<std::size_t>(seen.top)];
@@ -143,7 +143,7 @@ static bool find_upper_edge(source& from, picture& seen, sketch& drawn) {
   seen.cells.push_back(row);
   if (seen.w > 2 && at(seen, 0, 0) == '+' && at(seen, seen.w - 1, 0) == '+') return true;
   report(from, place_of(seen, at(seen, 0, 0) == '+' ? seen.w - 1 : 0, 0),
-         "here the window's frame should have a corner: +---- Title ----+");
+         {"here the window's frame should have a corner: +---- Title ----+"});
   return false;
 }
 
@@ -158,7 +158,7 @@ static bool add_row(source& from, picture& seen, int y) {
   if (is_edge(seen, 0, y, seen.w)) return true;
   for (const int x : {0, seen.w - 1})
     if (at(seen, x, y) != '|')
-      report(from, place_of(seen, x, y), "the frame is not closed: here its side should be");
+      report(from, place_of(seen, x, y), {"the frame is not closed: here its side should be"});
   return at(seen, 0, y) == '|';
 }
 

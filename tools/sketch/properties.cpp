@@ -127,13 +127,13 @@ static bool has(const meaning& property, kind what) {
 static void apply_property(source& from, gadget& it, const property& said) {
   const meaning* found = meaning_of(said.name);
   if (!found || !has(*found, it.what)) {
-    report(from, said.where, "'" + said.name + "' can't be said of this");
+    report(from, said.where, {"'", said.name, "' can't be said of this"});
   } else if (found->has_value && said.value.empty() && said.name != "variable") {
-    report(from, said.where, "'" + said.name + "' has nothing behind it");
+    report(from, said.where, {"'", said.name, "' has nothing behind it"});
   } else if (!found->has_value && !said.value.empty()) {
-    report(from, said.where, "a comma is missing behind '" + said.name + "'");
+    report(from, said.where, {"a comma is missing behind '", said.name, "'"});
   } else if (!found->set(it, std::string(found->name), said.value)) {
-    report(from, said.where, "'" + said.value + "' can't stand behind '" + said.name + "'");
+    report(from, said.where, {"'", said.value, "' can't stand behind '", said.name, "'"});
   }
 }
 

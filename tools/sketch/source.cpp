@@ -26,7 +26,9 @@ std::vector<std::string> split_lines(std::string_view text) {
   return lines;
 }
 
-void report(source& from, place where, const std::string& text) {
+void report(source& from, place where, std::initializer_list<std::string_view> parts) {
+  std::string text;
+  for (const std::string_view part : parts) text += part;
   from.mistakes.push_back({where, text});
 }
 

@@ -3,6 +3,7 @@
 
 #include "tools/sketch/sketch.h"
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,8 +24,8 @@ struct source {
 // The text as lines, without their line ends.
 std::vector<std::string> split_lines(std::string_view text);
 
-// Notes a mistake.
-void report(source& from, place where, const std::string& text);
+// Notes a mistake: the parts, joined.
+void report(source& from, place where, std::initializer_list<std::string_view> parts);
 
 // Writes the mistakes to standard error, in the order of their places, each with its line and a
 // caret under the place.

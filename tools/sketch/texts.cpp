@@ -34,18 +34,18 @@ static int next_text(const picture& seen, int x, int y) {
 static void check_text(source& from, const picture& seen, const text_run& run, int end) {
   const auto bytes = static_cast<int>(run.text.size());
   if (run.x < first_text_column || run.y < first_text_row)
-    report(from, run.drawn, "no text can stand in the window's first two rows or four columns");
+    report(from, run.drawn, {"no text can stand in the window's first two rows or four columns"});
   if (bytes + run.x - first_text_column > static_cast<int>(longest_text))
     report(from, run.drawn,
-           "a text that is too long: " + std::to_string(longest_text) +
-               " bytes a row, from the window's fifth column on");
+           {"a text that is too long: ", std::to_string(longest_text),
+            " bytes a row, from the window's fifth column on"});
   if (run.x == first_text_column && run.text.starts_with("endtext:"))
-    report(from, run.drawn, "'endtext:' ends a text");
+    report(from, run.drawn, {"'endtext:' ends a text"});
   for (int x = end; x < std::min(run.x + bytes, seen.w); x++) {
     if (!has_other(run.text) || !is_taken(seen, x, run.y)) continue;
     report(from, place_of(seen, x, run.y),
-           "the text before has " + std::to_string(bytes) +
-               " bytes, and the program counts bytes: leave more blanks");
+           {"the text before has ", std::to_string(bytes),
+            " bytes, and the program counts bytes: leave more blanks"});
     return;
   }
 }
