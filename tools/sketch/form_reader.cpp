@@ -261,7 +261,8 @@ static void take_window_size(source& from, sketch& drawn) {
   drawn.title = screen.screentitle;
   if (drawn.window.empty()) {
     report(from, {1, 1}, {"a screen without a window cannot be drawn"});
-  } else if (screen.windw < 3 || screen.windh < 2 || screen.windw > 1000 || screen.windh > 1000) {
+  } else if (screen.windw < 3 || screen.windh < 2 || screen.windw > most_columns ||
+             screen.windh > most_rows) {
     report(from, {1, 1}, {"a window of this size cannot be drawn"});
   }
   if (screen.screentype & ST_POP)

@@ -168,6 +168,15 @@ static std::string window_of(const picture& seen) {
   return "pop:" + std::to_string(seen.w) + "," + std::to_string(seen.h);
 }
 
+// Whether scrim-check would take a window of this size.
+static bool fits_screen(source& from, const picture& seen) {
+  if (seen.w <= most_columns && seen.h <= most_rows) return true;
+  report(from,
+         seen.w > most_columns ? place_of(seen, most_columns, 0) : place_of(seen, 0, most_rows),
+         {"the window leaves the screen of 80 columns and 24 rows"});
+  return false;
+}
+
 bool find_frame(source& from, picture& seen, sketch& drawn) {
   if (!find_upper_edge(from, seen, drawn)) return false;
   do {
@@ -175,6 +184,7 @@ bool find_frame(source& from, picture& seen, sketch& drawn) {
     seen.h++;
   } while (!is_edge(seen, 0, seen.h, seen.w));
   seen.h++;
+  if (!fits_screen(from, seen)) return false;
   seen.taken.assign(seen.cells.size(), std::vector<bool>(static_cast<std::size_t>(seen.w), false));
   drawn.title = trimmed(edge_text(seen, 1, 0, seen.w - 2), "-");
   drawn.cells = {0, 0, seen.w, seen.h};

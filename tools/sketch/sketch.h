@@ -49,6 +49,10 @@ struct gadget {
   std::vector<std::string> lines = {};    // of the screen file
 };
 
+// The largest window.
+constexpr int most_columns = 80;
+constexpr int most_rows = 24;
+
 // Where a screen file's texts begin.
 constexpr int first_text_column = 4;
 constexpr int first_text_row = 2;
