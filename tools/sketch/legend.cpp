@@ -41,6 +41,7 @@ std::string unquoted(std::string_view text) {
 
 std::vector<property> split_items(std::string_view text, place where) {
   std::vector<property> items;
+  place item = where;  // of what begins at `at`
   for (std::size_t at = 0; at <= text.size();) {
     const std::size_t start = std::min(text.find_first_not_of(' ', at), text.size());
     const std::size_t word = std::min(text.find_first_of(" ,", start), text.size());
@@ -49,10 +50,10 @@ std::vector<property> split_items(std::string_view text, place where) {
     if (end == start && word < text.size() && text[word] == ' ')
       end = value + quoted_length(text.substr(value), ",");
     end = std::min(text.find(',', end), text.size());
-    const auto column = static_cast<int>(cells_of(text.substr(0, start)).size());
-    const place item = {where.line, where.column + column};
+    item.column += static_cast<int>(start - at);
     items.push_back({std::string(trimmed(text.substr(start, end - start))), "", item});
     at = end + 1;
+    item.column += static_cast<int>(cells_of(text.substr(start, at - start)).size());
   }
   return items;
 }
