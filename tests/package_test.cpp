@@ -25,7 +25,7 @@ TEST(Package, HoldsItsOwnAndWorksWhereItIsUnpacked) {
   } packages[] = {
       {"scrim", "scrim",
        "man/man{1/scrim.1,5/scrim-screen.5,7/scrim.sh.7}.gz scrim/scrim.sh "
-       "vim/vimfiles/{ftdetect,syntax}/scrim.vim"},
+       "vim/vimfiles/{ftdetect/scrim,syntax/scrim,syntax/scrimsketch}.vim"},
       {"scrim-tools", "scrim-check scrim-drive", "man/man1/scrim-{check,drive}.1.gz"},
   };
   Terminal t;

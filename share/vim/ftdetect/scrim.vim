@@ -1,1 +1,2 @@
 autocmd BufNewFile,BufRead *.scrim setfiletype scrim
+autocmd BufNewFile,BufRead *.sketch setfiletype scrimsketch
