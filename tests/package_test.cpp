@@ -26,7 +26,8 @@ TEST(Package, HoldsItsOwnAndWorksWhereItIsUnpacked) {
       {"scrim", "scrim",
        "man/man{1/scrim.1,5/scrim-screen.5,7/scrim.sh.7}.gz scrim/scrim.sh "
        "vim/vimfiles/{ftdetect/scrim,syntax/scrim,syntax/scrimsketch}.vim"},
-      {"scrim-tools", "scrim-check scrim-drive", "man/man1/scrim-{check,drive}.1.gz"},
+      {"scrim-tools", "scrim-check scrim-drive scrim-sketch",
+       "man/man{1/scrim-{check,drive,sketch}.1,5/scrim-sketch.5}.gz"},
   };
   Terminal t;
   printed(t, SCRIM_SOURCE "/scripts/package " + t.path(".") + " " SCRIM_BUILD);

@@ -1,4 +1,4 @@
-# bash completion for scrim, scrim-check and scrim-drive.
+# bash completion for scrim, scrim-check, scrim-drive and scrim-sketch.
 
 # Adds the names that compgen finds, behind the text given; a directory gets its slash.
 _scrim_names() {
@@ -86,6 +86,19 @@ _scrim_drive() {
   esac
 }
 
+_scrim_sketch() {
+  local current=${COMP_WORDS[COMP_CWORD]} suffix=sketch
+  COMPREPLY=()
+  case " ${COMP_WORDS[*]:0:COMP_CWORD} " in
+    *' -r '*) suffix=scrim ;;
+  esac
+  case $current in
+    -*) _scrim_options '-f -r -t' "$current" ;;
+    *) _scrim_names '' -f -X "!*.$suffix" -- "$current" && _scrim_names '' -d -- "$current" ;;
+  esac
+}
+
 complete -F _scrim scrim
 complete -F _scrim_check scrim-check
 complete -F _scrim_drive scrim-drive
+complete -F _scrim_sketch scrim-sketch

@@ -1,4 +1,4 @@
-# fish completion for scrim, scrim-check and scrim-drive.
+# fish completion for scrim, scrim-check, scrim-drive and scrim-sketch.
 
 # The list of screen files being typed, completed at its last name.
 function __scrim_screens
@@ -7,6 +7,11 @@ function __scrim_screens
     set -l names $last*.scrim $last*/
     printf '%s\n' "$list"$names
     test -z "$list"; and echo stdin
+end
+
+function __scrim_sketches
+    set -l names (commandline -ct)*.sketch (commandline -ct)*.scrim (commandline -ct)*/
+    printf '%s\n' $names
 end
 
 # The file options keep their file in the same word, behind the letter.
@@ -48,3 +53,8 @@ complete -c scrim-drive -s q -x -d 'Silence before the next step'
 complete -c scrim-drive -s w -x -d 'Time for the command to end'
 complete -c scrim-drive -s o -r -F -d 'Where the picture goes'
 complete -c scrim-drive -s a -r -F -d 'Write an animated SVG'
+
+complete -c scrim-sketch -f -a '(__scrim_sketches)'
+complete -c scrim-sketch -s f -d 'Show the form at once'
+complete -c scrim-sketch -s r -d 'Draw a screen file'
+complete -c scrim-sketch -s t -d 'Draw a form for a table'
