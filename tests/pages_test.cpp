@@ -38,6 +38,19 @@ TEST(Pages, EveryDirectiveHasItsEntry) {
   for (const std::string& keyword : keywords) EXPECT_TRUE(known.contains(keyword)) << keyword;
 }
 
+TEST(Pages, EveryPropertyOfASketchHasItsEntry) {
+  const words names = found(source("tools/sketch/properties.cpp"), "\n    \\{\"([A-Z0-9a-z]+)\", ");
+  EXPECT_TRUE(names.contains("required"));
+  std::string entries;
+  for (const std::string& entry : found(source("man/scrim-sketch.5"), "\n\\.It (Cm [^\n]+)"))
+    entries += entry + "\n";
+  for (const std::string& text :
+       {entries, source("share/vim/syntax/scrimsketch.vim"), source("fuzz/sketch.dictionary")}) {
+    const words known = found(text, "([A-Z0-9a-z]+)");
+    for (const std::string& name : names) EXPECT_TRUE(known.contains(name)) << name << "\n" << text;
+  }
+}
+
 // The part of the text from `begin` to the next `end`.
 static std::string part(const std::string& text, const std::string& begin, const std::string& end) {
   const std::size_t start = text.find(begin);
@@ -62,7 +75,7 @@ TEST(Pages, EveryOptionHasItsEntryAndCompletions) {
 }
 
 TEST(Pages, CompletionsOfTheCompanionsKnowTheirOptions) {
-  for (const std::string name : {"scrim-check", "scrim-drive"}) {
+  for (const std::string name : {"scrim-check", "scrim-drive", "scrim-sketch"}) {
     const std::string page = source("man/" + name + ".1");
     words letters;
     for (const std::string& group : found(part(page, "\n.Sh SYN", "\n.Sh DES"), " Fl ([A-Za-z]+)"))
