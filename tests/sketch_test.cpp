@@ -233,4 +233,69 @@ TEST(Sketch, FormIsShownAtOnce) {
   t.expect_exit(0, "N=\"x\";export N;RETN=ok\n");
 }
 
+// What a database says of a table becomes a drawing, and that a screen file without fault or note.
+TEST(Sketch, TablesBecomeForms) {
+  std::string wide = "CREATE TEMP TABLE w (c0 int";
+  for (int i = 1; i < 36; i++) wide += ", c" + std::to_string(i) + " int";
+  const std::string tables[][2] = {
+      // description; status, message, title, eight fields from the last
+      {R"(CREATE TABLE IF NOT EXISTS main."order lines" ([id] INTEGER, -- a key, counted
+          `2nd name` TEXT DEFAULT 'it''s, (a) name' NOT NULL /* , no INT */, sum AS (x + 1),
+          priceEUR DECIMAL(6,2) CHECK (priceEUR IS NOT NULL), x CHAR, path BOOLEAN DEFAULT (1),
+          paid DATETIME NOT NULL DEFAULT CURRENT_TIMESTAMP, far_too_long_for_a_variable REFERENCES
+          o ON DELETE SET DEFAULT, far_too_long_for_a_name, n INT NOT NULL DEFAULT -1,
+          PRIMARY KEY (id AUTOINCREMENT), CONSTRAINT c UNIQUE (x)); CREATE INDEX i ON t (x);)",
+       "0\ntitle: Order lines \netext:34,17,11:-1:N:NUMBER:N\n"
+       "etext:34,15,42/79::FAR_TOO_LONG_FOR_A2:VARCHAR2\n"
+       "etext:34,13,42/79::FAR_TOO_LONG_FOR_A:VARCHAR2\netext:34,11,19::PAID:DATE\n"
+       "etext:34,9,5::PATH2:CHAR\netext:34,7,2/1::X:CHAR\netext:34,5,8::PRICEEUR:NUMBER\n"
+       "detext:34,3,42/79:it's, (a) name:COLUMN2ND_NAME:VARCHAR2:N\n"},
+      {"create table a (k integer, b, primary key (k)) without rowid; create table c (d);",
+       "1\ntable:1:63: one more table: the sketch is of the first one alone\n"
+       "title: A \netext:8,5,68/79::B:VARCHAR2\ndetext:8,3,11::K:NUMBER:N\n"},
+      {R"(                     Table "public.customers"
+ Column |         Type                   | Collation | Nullable |      Default
+--------+--------------------------------+-----------+----------+-------------------
+ id     | integer                        |           | not null | nextval('s'::regclass)
+ twice  | integer                        |           |          | generated always as (2) stored
+ a|b    | character varying(60)          | C         | not null | 'x'::text
+ text   | text                           |           | not null | 'x                +
+        |                                |           |          | y'::text
+ since  | timestamp(3) without time zone |           | not null | )",
+       "0\ntitle: Customers \netext:12,7,19::SINCE:DATE:N\netext:12,5,64/79::TEXT:VARCHAR2\n"
+       "detext:12,3,60:x:A_B:VARCHAR2:N\n"},
+      {R"( Tabelle »public.märkte«
+┌────────┬───────────────┬───────────────┬───────────────┬─────────────┐
+│ Spalte │      Typ      │ Sortierfolge  │ NULL erlaubt? │ Vorgabewert │
+├────────┼───────────────┼───────────────┼───────────────┼─────────────┤
+│ größe  │ numeric(10,2) │               │ not null      │             │
+└────────┴───────────────┴───────────────┴───────────────┴─────────────┘)",
+       "0\ntitle: Märkte \ndetext:14,3,12::GR_E:NUMBER:N\n"},
+      {"create table k (id integer primary key)",
+       "1\ntable:1:1: the table has no column that is entered\n"},
+      {"create table k (a text", "1\ntable:1:19: the table has no end: a ')' is missing\n"},
+      {" List of relations\n Schema\n--------+---+---+---+----\n",
+       "1\ntable:1:1: no table: this reads what sqlite3 prints for '.schema TABLE', or psql for "
+       "'\\d TABLE'\n"},
+      {wide + ");",
+       "1\ntable:1:318: no room from this column on: the last lines of the sketch name 2 of 36 "
+       "columns\ntitle: W \netext:48,18,11::C33:NUMBER\netext:10,18,11::C32:NUMBER\n"
+       "etext:48,17,11::C31:NUMBER\netext:10,17,11::C30:NUMBER\netext:48,16,11::C29:NUMBER\n"
+       "etext:10,16,11::C28:NUMBER\netext:48,15,11::C27:NUMBER\netext:10,15,11::C26:NUMBER\n"},
+  };
+  for (const auto& [description, made] : tables) {
+    Terminal t;
+    t.file("table", description);
+    const std::string form =
+        "scrim-sketch drawn >form && scrim-check -W form && grep ^title form && "
+        "grep etext form | head -n 8";
+    EXPECT_EQ(printed(t.path(""),
+                      "scrim-sketch -t table >drawn 2>said; echo $?; sed -n 1p said; "
+                      "[ ! -s drawn ] || { " +
+                          form + "; }"),
+              made)
+        << t.read("drawn");
+  }
+}
+
 }  // namespace scrim

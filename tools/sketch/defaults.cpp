@@ -100,7 +100,7 @@ static void complete_default(sketch& drawn) {
 
 // Fields.
 
-static std::string variable_of(const std::string& label) {
+std::string variable_of(const std::string& label) {
   std::string name;
   for (const char c : label) {
     const bool good = is_letter(c) || (c >= '0' && c <= '9');

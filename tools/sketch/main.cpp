@@ -1,5 +1,5 @@
 // sketch/main: scrim-sketch, which makes a screen file of a drawing, and a drawing of a screen
-// file.
+// file or for a table.
 
 #include "common/program.h"
 #include "tools/sketch/form_reader.h"
@@ -7,6 +7,7 @@
 #include "tools/sketch/screen_file.h"
 #include "tools/sketch/sketch_text.h"
 #include "tools/sketch/source.h"
+#include "tools/sketch/table_form.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -15,6 +16,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <vector>
 
 #include <unistd.h>
 
@@ -107,24 +109,37 @@ static int show_form(const std::string& path) {
   return cannot_open("scrim");
 }
 
+static std::string joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+  return text;
+}
+
 static int write_sketch(const std::string& path) {
   source from;
   read_form form;
   if (!read_file(path, from) || !read_screen(from, form)) return cannot_open(path);
   if (!from.mistakes.empty()) return end_with(from);
-  std::string text;
-  for (const std::string& line : sketch_text(form)) text += line + "\n";
+  const std::string text = joined(sketch_text(form));
   if (!text.empty()) return write_out(text);
   complain({path, ": cannot be drawn"});
   return has_mistakes;
 }
 
+// A sketch that lacks something is written all the same.
+static int write_table_form(const std::string& path) {
+  source from;
+  if (!read_file(path, from)) return cannot_open(path);
+  const int status = write_out(joined(table_form(from)));
+  return status != 0 || from.mistakes.empty() ? status : end_with(from);
+}
+
 static int run(int argc, char** argv) {
   int (*mode)(const std::string& path) = write_screen_file;
   opterr = 0;
-  for (int option = 0; (option = getopt(argc, argv, "fr")) != -1;) {
+  for (int option = 0; (option = getopt(argc, argv, "frt")) != -1;) {
     if (option == '?' || mode != write_screen_file) return show_usage();
-    mode = option == 'f' ? show_form : write_sketch;
+    mode = option == 'f' ? show_form : option == 'r' ? write_sketch : write_table_form;
   }
   if (argc - optind > 1) return show_usage();
   return mode(optind < argc ? argv[optind] : "-");
