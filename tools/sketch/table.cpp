@@ -269,8 +269,8 @@ static bool read_statement(source& from, table_description& made) {
   statement read, other;
   if (!find_statement(all, at, read)) return false;
   made = as_table(read);
-  if (!read.whole) report(from, all.back().where, "the table has no end: a ')' is missing");
-  if (find_statement(all, at, other)) report(from, other.where, one_more);
+  if (!read.whole) report(from, all.back().where, {"the table has no end: a ')' is missing"});
+  if (find_statement(all, at, other)) report(from, other.where, {one_more});
   return true;
 }
 
@@ -384,7 +384,7 @@ static bool read_list(source& from, table_description& made) {
   for (std::size_t index = 0; index < from.lines.size(); index++) {
     if (!begins_list(from, index)) continue;
     if (found) {
-      report(from, {static_cast<int>(index) + 1, 1}, one_more);
+      report(from, {static_cast<int>(index) + 1, 1}, {one_more});
       break;
     }
     found = true;
@@ -396,8 +396,9 @@ static bool read_list(source& from, table_description& made) {
 table_description read_table(source& from) {
   table_description made;
   if (!read_statement(from, made) && !read_list(from, made))
-    report(from, {1, 1},
-           "no table: this reads what sqlite3 prints for '.schema TABLE', or psql for '\\d TABLE'");
+    report(
+        from, {1, 1},
+        {"no table: this reads what sqlite3 prints for '.schema TABLE', or psql for '\\d TABLE'"});
   return made;
 }
 

@@ -252,7 +252,7 @@ std::vector<std::string> table_form(source& from) {
   filled_in.assign(end, columns.end());
   columns.erase(end, columns.end());
   if (columns.empty()) {
-    if (from.mistakes.empty()) report(from, {1, 1}, "the table has no column that is entered");
+    if (from.mistakes.empty()) report(from, {1, 1}, {"the table has no column that is entered"});
     return {};
   }
   const std::vector<table_column> left = take_behind(columns, std::end(layouts)[-1].most);
@@ -260,9 +260,9 @@ std::vector<std::string> table_form(source& from) {
   add_comments(lines, filled_in, left);
   if (!left.empty())
     report(from, left[0].where,
-           "no room from this column on: the last lines of the sketch name " +
-               std::to_string(left.size()) + " of " + std::to_string(described.columns.size()) +
-               " columns");
+           {"no room from this column on: the last lines of the sketch name ",
+            std::to_string(left.size()), " of ", std::to_string(described.columns.size()),
+            " columns"});
   return lines;
 }
 
