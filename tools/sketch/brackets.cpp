@@ -134,6 +134,7 @@ struct label_span {
 static label_span label_right_of(const picture& seen, int x, int y) {
   for (int i = 0; i < 2 && !is_taken(seen, x, y) && !is_text(seen, x, y); i++) x++;
   int last = x - 1;
+  if (!is_text(seen, x, y)) return {x, last};
   while (is_text(seen, last + 1, y) || (!is_taken(seen, last + 1, y) && is_text(seen, last + 2, y)))
     last++;
   return {x, last};
