@@ -134,7 +134,8 @@ bool is_edge_title(const sketch& drawn) {
   const std::string& title = drawn.title;
   return static_cast<int>(title.size()) <= drawn.cells.w - 2 &&
          (title.empty() || (title.front() != '-' && title.back() != '-')) &&
-         std::none_of(title.begin(), title.end(), [](char c) { return (c & 0x80) != 0; });
+         std::none_of(title.begin(), title.end(),
+                      [](char c) { return (c & 0x80) != 0 || c == '\t'; });
 }
 
 static grid empty_window(const sketch& drawn) {
