@@ -17,12 +17,8 @@
 
 namespace scrim {
 
-static const std::size_t longest_name = sizeof(gadget_list::op) - 1;
 static const std::size_t longest_label = sizeof(gadget_list::text) - 1;
-static const std::size_t longest_value = sizeof(gadget_list::text) - 1;
-static const std::size_t longest_action = sizeof(gadget_list::op) - 1;
-static const std::size_t longest_screen_name = longest_action - 1;  // an action's ">" precedes it
-static const int checked_date = 19;                                 // MM/DD/YYYY HH MM SS
+static const int checked_date = 19;  // MM/DD/YYYY HH MM SS
 
 // Whether a gadget's own lines make it active at first: their keyword begins with a d.
 bool is_marked(const gadget& it) {

@@ -21,13 +21,6 @@
 
 namespace scrim {
 
-static const std::size_t longest_name = sizeof(gadget_list::op) - 1;
-static const std::size_t longest_label = sizeof(gadget_list::text) - 1;
-static const std::size_t longest_value = sizeof(gadget_list::text) - 1;
-static const std::size_t longest_action = sizeof(gadget_list::op) - 1;
-static const std::size_t longest_screen_name = longest_action - 1;  // an action's ">" precedes it
-static const int checked_date = 19;                                 // MM/DD/YYYY HH MM SS
-
 // Buttons.
 
 static bool is_button(const gadget& it) {
@@ -115,8 +108,7 @@ std::string variable_of(const std::string& label) {
 static void complete_fields(sketch& drawn) {
   for (gadget& it : drawn.gadgets) {
     const bool box = it.what == kind::checkbox || it.what == kind::exclusive;
-    if (it.what == kind::field && it.most == 0)
-      it.most = std::min(it.cells.w, static_cast<int>(longest_value));
+    if (it.what == kind::field && it.most == 0) it.most = std::min(it.cells.w, longest_value);
     if (box && it.variable.empty()) it.variable = variable_of(it.key);
   }
 }

@@ -23,7 +23,6 @@
 namespace scrim {
 
 static const std::size_t longest_line = 509;  // of a screen file
-static const std::size_t longest_screen_name = 18;
 
 static const int wrong_call = 2;  // exit status: the call, a file that cannot be opened, no memory
 static const int has_mistakes = 1;

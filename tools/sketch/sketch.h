@@ -2,6 +2,8 @@
 // Columns and rows count from 0 at the upper left corner of the window's frame, as in screen files.
 #pragma once
 
+#include "screens/model.h"
+
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -52,6 +54,12 @@ struct gadget {
 // The largest window.
 constexpr int most_columns = 80;
 constexpr int most_rows = 24;
+
+// What scrim keeps of each, in bytes.
+constexpr int longest_value = sizeof(gadget_list::text) - 1;
+constexpr std::size_t longest_name = sizeof(gadget_list::op) - 1;
+constexpr std::size_t longest_action = longest_name;
+constexpr std::size_t longest_screen_name = longest_action - 1;  // an action's ">" precedes it
 
 // Where a screen file's texts begin.
 constexpr int first_text_column = 4;

@@ -21,9 +21,6 @@
 
 namespace scrim {
 
-static const int longest_value = sizeof(gadget_list::text) - 1;
-static const std::size_t longest_name = sizeof(gadget_list::op) - 1;
-
 // Types.
 
 enum class length { fixed, declared, digits };  // of digits there are a sign and a point besides

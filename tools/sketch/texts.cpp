@@ -2,7 +2,6 @@
 
 #include "tools/sketch/texts.h"
 
-#include "screens/model.h"
 #include "tools/sketch/source.h"
 
 #include <algorithm>
@@ -11,8 +10,6 @@
 #include <string_view>
 
 namespace scrim {
-
-static const std::size_t longest_text = sizeof(gadget_list::text) - 1;  // bytes, with its indent
 
 // Whether a text may go on at column `to` with blanks for the cells from `x` to there. They must
 // not be painted over a frame; and where the text before is not as wide as it is long, what follows
@@ -35,9 +32,9 @@ static void check_text(source& from, const picture& seen, const text_run& run, i
   const auto bytes = static_cast<int>(run.text.size());
   if (run.x < first_text_column || run.y < first_text_row)
     report(from, run.drawn, {"no text can stand in the window's first two rows or four columns"});
-  if (bytes + run.x - first_text_column > static_cast<int>(longest_text))
+  if (bytes + run.x - first_text_column > longest_value)
     report(from, run.drawn,
-           {"a text that is too long: ", std::to_string(longest_text),
+           {"a text that is too long: ", std::to_string(longest_value),
             " bytes a row, from the window's fifth column on"});
   if (run.x == first_text_column && run.text.starts_with("endtext:"))
     report(from, run.drawn, {"'endtext:' ends a text"});
