@@ -114,7 +114,7 @@ static void take_lines(const source& from, std::size_t& index, legend& read, ent
 // A line of the legend, its TABs as blanks. What is the screen file's stays as it is.
 static std::string legend_line(const std::string& written) {
   std::string line = written;
-  const std::size_t end = line.find_first_of("=");
+  const std::size_t end = line.find('=');
   std::replace(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(std::min(end, line.size())),
                '\t', ' ');
   return line;
