@@ -12,6 +12,7 @@
 #include "tools/sketch/source.h"
 #include "tools/sketch/texts.h"
 
+#include <cstddef>
 #include <functional>
 #include <string_view>
 
@@ -24,9 +25,21 @@ void read_inside(source& from, picture& seen, sketch& drawn,
   take_texts(from, seen, drawn);
 }
 
+// A screen file's line ends at its first NUL.
+static void check_lines(source& from) {
+  for (std::size_t i = 0; i < from.lines.size(); i++) {
+    const std::string_view line = from.lines[i];
+    const std::size_t end = line.find('\0');
+    if (end == std::string_view::npos) continue;
+    const auto column = static_cast<int>(cells_of(line.substr(0, end)).size()) + 1;
+    report(from, {static_cast<int>(i) + 1, column}, {"a NUL, at which the line would end"});
+  }
+}
+
 sketch read_sketch(source& from) {
   sketch drawn;
   picture seen;
+  check_lines(from);
   if (!find_frame(from, seen, drawn)) return drawn;
   const legend below = read_legend(from, seen.top + seen.h);
   read_inside(from, seen, drawn,
