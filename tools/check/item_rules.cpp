@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -47,7 +48,9 @@ bool is_shell_name(std::string_view name) {
 
 // What a shell, or a script that uses scrim, has its own use for.
 bool has_other_use(std::string_view name) {
-  return name == "RETN" || name == "SCRIM" || name == "PATH" || name == "IFS";
+  static const std::string_view names[] = {"RETN", "SCRIM", "PATH", "IFS",   "UID",
+                                           "EUID", "PPID",  "TERM", "LINES", "COLUMNS"};
+  return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
 static void check_variable(form& checked, int line, const std::string& name) {
