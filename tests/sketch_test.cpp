@@ -116,7 +116,8 @@ class RandomForm {
     const std::string place = std::to_string(1 + below(5)) + "," + std::to_string(row_) + "," +
                               std::to_string(7 + below(width_ - 14)) + ",4";
     gadgets_.push_back(below(2) == 0 ? "box:" + place
-                                     : one_of({"", "d"}) + "swin:" + place + ":data:" + variable() +
+                                     : one_of({"", "swdefer\n"}) + one_of({"", "d"}) +
+                                           "swin:" + place + ":data:" + variable() +
                                            one_of({"", "\nswhigh:cursor", "\nswpos:3,1"}));
     row_ += 4;
   }

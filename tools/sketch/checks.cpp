@@ -5,6 +5,7 @@
 
 #include "common/text.h"
 #include "screens/model.h"
+#include "tools/check/form.h"
 #include "tools/check/item_rules.h"
 #include "tools/sketch/source.h"
 
@@ -37,13 +38,16 @@ static void check_length(source& from, const gadget& it, const std::string& what
            {what, " '", text, "' is too long: ", std::to_string(most), " characters are kept"});
   if (what != "the file" && text.find(':', text.rfind('}') + 1) != std::string::npos)
     report(from, it.drawn, {what, " '", text, "' has a colon, at which it would end"});
+  if (text.find('}', std::min(text.rfind("${"), text.size())) == std::string::npos &&
+      text.find("${") != std::string::npos)
+    report(from, it.drawn, {what, " '", text, "' has a reference without its '}'"});
 }
 
 static void check_variable(source& from, const gadget& it) {
   if (it.what == kind::button || (it.what == kind::window && it.variable.empty())) return;
   if (it.variable.empty())
     return report(from, it.drawn,
-                  {"no variable: write a text beside it, or let the legend name one"});
+                  {"no variable: write a text of ASCII beside it, or let the legend name one"});
   if (it.variable.size() > longest_name || !is_shell_name(it.variable))
     report(from, it.drawn,
            {"'", it.variable, "' is no variable: letters, digits and '_', ",
@@ -59,7 +63,9 @@ static void check_field(source& from, const gadget& it) {
            {"a date takes ", std::to_string(checked_date), " characters: draw the field ",
             std::to_string(checked_date - it.cells.w), " wider, or let the legend say 'most ",
             std::to_string(checked_date), "'"});
-  if (it.most > static_cast<int>(longest_value))
+  if (it.password && !it.value.empty())
+    report(from, it.drawn, {"a password field begins empty: it can have no value"});
+  if (it.most > longest_value)
     report(from, it.drawn,
            {"a field takes ", std::to_string(longest_value), " characters at most"});
 }
@@ -73,12 +79,25 @@ static std::size_t list_width(const gadget& it) {
   return width + 2;
 }
 
+// Whether a value is one of these, or nothing, or one that only the script knows.
+static bool is_known(const std::string& value, const std::vector<std::string>& known) {
+  return value.empty() || value.find("${") != std::string::npos ||
+         std::find(known.begin(), known.end(), value) != known.end();
+}
+
+static void check_box(source& from, const gadget& it) {
+  if ((it.what == kind::checkbox || it.what == kind::exclusive) && !is_known(it.value, {"X", "_"}))
+    report(from, it.drawn, {"a checkbox has the value X or _ at first"});
+}
+
 static void check_list(source& from, gadget& it) {
   if (it.what != kind::list) return;
   if (it.entries.size() < 2)
     report(from, it.drawn, {"a list has two entries at least: let the legend name them"});
   for (const std::string& entry : it.entries)
     check_length(from, it, "the entry", entry, longest_value);
+  if (!is_known(it.value, it.entries))
+    report(from, it.drawn, {"the value '", it.value, "' is none of the list's entries"});
   const std::size_t width = list_width(it);
   if (width > static_cast<std::size_t>(it.cells.w))
     report(from, it.drawn,
@@ -99,6 +118,7 @@ static void check_gadget(source& from, gadget& it) {
   check_length(from, it, "the value", it.value, longest_value);
   check_length(from, it, "the file", it.file, 400);
   check_field(from, it);
+  check_box(from, it);
   check_list(from, it);
 }
 
@@ -148,6 +168,23 @@ static void check_checked(source& from, const sketch& drawn) {
   }
 }
 
+// Another screen may check the fields of this one.
+static bool may_be_checked(const sketch& drawn) {
+  return drawn.default_checks ||
+         std::any_of(drawn.gadgets.begin(), drawn.gadgets.end(), [](const gadget& it) {
+           return it.verbatim || (it.what == kind::button &&
+                                  (it.checks.value_or(false) || !leaves_form(it.action)));
+         });
+}
+
+static void check_required(source& from, const sketch& drawn) {
+  if (may_be_checked(drawn)) return;
+  for (const gadget& it : drawn.gadgets)
+    if (it.required && !it.verbatim)
+      report(from, it.drawn,
+             {"required without effect: no button that leaves the form has 'check'"});
+}
+
 static bool has_place(const sketch& drawn, char letter) {
   return std::any_of(drawn.attached.begin(), drawn.attached.end(), [&](const attached_text& it) {
     return it.letters.find(letter) != std::string::npos;
@@ -180,6 +217,7 @@ void check_sketch(source& from, sketch& drawn) {
   check_places(from, drawn);
   check_attached(from, drawn);
   check_checked(from, drawn);
+  check_required(from, drawn);
   if (drawn.name.size() > longest_screen_name)
     report(from, {1, 1},
            {"the screen's name is too long: ", std::to_string(longest_screen_name),

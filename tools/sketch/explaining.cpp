@@ -23,7 +23,11 @@ static std::size_t find_gadget(source& from, const sketch& drawn, const entry& a
     count++;
     if (about.number == 0 || about.number == count) found = i;
   }
-  if (found == no_gadget) {
+  if (found == no_gadget && count > 0) {
+    report(from, about.where,
+           {"'", about.key, "' is there only ", std::to_string(count),
+            count == 1 ? " time" : " times"});
+  } else if (found == no_gadget) {
     report(from, about.where, {"nothing in the picture is called '", about.key, "'"});
   } else if (about.number == 0 && count > 1) {
     report(from, about.where,
@@ -44,7 +48,9 @@ static void set_window(sketch& drawn, const std::string& option) {
 static void apply_screen(source& from, sketch& drawn, const entry& about) {
   for (const property& said : about.properties) {
     const bool full = drawn.window.starts_with("fulls");
-    if (said.name == "name") {
+    if ((said.name == "name" || said.name == "title") && said.value.empty()) {
+      report(from, said.where, {"'", said.name, "' has nothing behind it"});
+    } else if (said.name == "name") {
       drawn.name = said.value;
     } else if (said.name == "title") {
       drawn.title = said.value;
@@ -105,7 +111,10 @@ static const about_screen* screen_row(const entry& about) {
 
 static void apply_to_gadget(source& from, sketch& drawn, const entry& about) {
   const std::size_t found = find_gadget(from, drawn, about);
-  if (found != no_gadget) apply_properties(from, drawn.gadgets[found], about);
+  if (found == no_gadget) return;
+  if (drawn.gadgets[found].verbatim)
+    return report(from, about.where, {"nothing can be said of a line of the screen file"});
+  apply_properties(from, drawn.gadgets[found], about);
 }
 
 // Lines without a key are placed with the texts; those with one declare a gadget.

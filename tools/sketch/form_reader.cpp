@@ -7,6 +7,7 @@
 #include "screens/loader.h"
 #include "screens/model.h"
 #include "screens/reader.h"
+#include "tools/sketch/picture.h"
 #include "tools/sketch/screen_file.h"
 #include "tools/sketch/source.h"
 
@@ -44,10 +45,6 @@ static std::string rest_of_line() {
 
 static std::string_view keyword_of(int row) { return row == -1 ? "" : file_funcs[row]; }
 
-static bool is_marked(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
-}
-
 // The record as a gadget. `line` is as it is written.
 
 static std::string type_name(int dbtype) {
@@ -69,7 +66,7 @@ static void take_button(gadget& it, const gadget_list& record) {
   it.what = kind::button;
   const std::string label = item(std::string_view(cbuf).find("pbutton:") <= 1 ? 2 : 1);
   const bool bracketed = !label.empty() && (label[0] == '(' || label[0] == '<');
-  it.verbatim = label.empty() || label[0] == ' ' || is_marked(label);
+  it.verbatim = label.empty() || label[0] == ' ' || has_other(label);
   it.label = bracketed ? label : "(" + label;
   it.key = it.label.substr(std::min(it.label.find_first_not_of(' ', 1), it.label.size()));
   std::erase(it.key, '_');
@@ -173,7 +170,7 @@ static void take_text_lines(source& from, read_form& form, const gadget_list* re
                     x,
                     left + static_cast<int>(text.size()),
                     written};
-    it.verbatim = is_marked(text) && written.find('\\') != std::string::npos;
+    it.verbatim = has_other(text) && written.find('\\') != std::string::npos;
     check_covering(from, form, it);
     form.texts.push_back(it);
   }
@@ -218,6 +215,7 @@ static void take_screen_line(source& from, read_form& form, std::string_view key
     if (s_screen[curscreen].gadget_lp)
       report(from, {number, 1}, {"a sketch cannot hold a gadget that precedes the window"});
     form.drawn.window = line;
+    form.drawn.corner = {number, 1};
   }
   if (keyword == "table:") form.drawn.lines.push_back(line);
   if (keyword == "box:") {
@@ -263,7 +261,7 @@ static void take_window_size(source& from, sketch& drawn) {
     report(from, {1, 1}, {"a screen without a window cannot be drawn"});
   } else if (screen.windw < 3 || screen.windh < 2 || screen.windw > most_columns ||
              screen.windh > most_rows) {
-    report(from, {1, 1}, {"a window of this size cannot be drawn"});
+    report(from, drawn.corner, {"a window of this size cannot be drawn"});
   }
   if (screen.screentype & ST_POP)
     drawn.window = "pop:" + std::to_string(screen.windw) + "," + std::to_string(screen.windh);

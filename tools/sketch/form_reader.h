@@ -17,6 +17,7 @@ struct read_text {
   int x, end;        // the columns that it paints, trailing blanks included
   std::string line;  // as it is written
   bool verbatim = false;
+  bool stands_in = false;  // is painted where the frame of a scroll window is, and drawn with that
 };
 
 struct read_box {

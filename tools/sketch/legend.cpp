@@ -92,14 +92,20 @@ static std::string_view without_mark(std::string_view line) {
   return line;
 }
 
+// Whether a line is about the scroll window that the line before declares or announces.
+static bool belongs_to(std::string_view before, std::string_view line) {
+  const bool window = line.starts_with("swin") || line.starts_with("dswin");
+  return (line.starts_with("swhigh") || line.starts_with("swpos") || window) &&
+         window == (before == "swdefer") && directive_row(line) != -1;
+}
+
 // Takes a line of the screen file, and those of its block. Lines about a scroll window belong to
 // the one before. Moves `index` to the last line taken.
 static void take_lines(const source& from, std::size_t& index, legend& read, entry made,
                        std::string_view line) {
-  const bool adds = made.key.empty() && line.starts_with("sw") && line != "swdefer" &&
-                    directive_row(line) != -1 && !read.entries.empty() &&
-                    !read.entries.back().lines.empty();
-  if (adds) {
+  const bool follows =
+      made.key.empty() && !read.entries.empty() && !read.entries.back().lines.empty();
+  if (follows && belongs_to(read.entries.back().lines.back(), line)) {
     read.entries.back().lines.emplace_back(line);
     return;
   }

@@ -16,6 +16,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <unistd.h>
@@ -40,6 +41,8 @@ static bool read_file(const std::string& path, source& from) {
   const bool whole = !ferror(file);
   if (file != stdin) fclose(file);
   from.path = path;
+  const std::string_view byte_order_mark = "\xef\xbb\xbf";
+  if (text.starts_with(byte_order_mark)) text.erase(0, byte_order_mark.size());
   from.lines = split_lines(text);
   return whole;
 }

@@ -3,6 +3,7 @@
 #include "tools/sketch/painter.h"
 
 #include "tools/sketch/defaults.h"
+#include "tools/sketch/picture.h"
 #include "tools/sketch/source.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@
 #include <vector>
 
 namespace scrim {
-
-static const std::string blank = " ";
 
 static bool is_free(const grid& cells, int x, int y) {
   return y > 0 && y + 1 < static_cast<int>(cells.size()) && x > 0 &&
@@ -190,18 +189,42 @@ static void paint_attached(grid& cells, std::vector<read_attached>& all) {
   }
 }
 
+static read_text* text_at(read_form& form, int x, int y, const std::string& text) {
+  const auto found = std::find_if(form.texts.begin(), form.texts.end(), [&](const read_text& it) {
+    return it.run.x == x && it.run.y == y && it.run.text == text && !it.verbatim;
+  });
+  return found == form.texts.end() ? nullptr : &*found;
+}
+
+// Whether texts stand in for the frame of a scroll window, as they do where frames do not come
+// back.
+static bool has_stand_in(read_form& form, const extent& frame) {
+  const auto& [x, y, w, h] = frame;
+  if (w < 3 || h < 2) return false;
+  std::vector<read_text*> found = {text_at(form, x, y, edge(w, "")),
+                                   text_at(form, x, y + h - 1, edge(w, ""))};
+  for (int row = y + 1; row < y + h - 1; row++)
+    for (const int column : {x, x + w - 1}) found.push_back(text_at(form, column, row, "|"));
+  if (std::find(found.begin(), found.end(), nullptr) != found.end()) return false;
+  for (read_text* it : found) it->stands_in = true;
+  return true;
+}
+
 grid paint(read_form& form) {
   grid cells = empty_window(form.drawn);
   // A drawn frame would be written in another way than the screen file has it.
   const bool fleeting = comes_back(form.drawn);
-  for (gadget& it : form.drawn.gadgets) it.verbatim |= fleeting && it.what == kind::window;
+  for (read_text& it : form.texts) it.stands_in = false;
+  for (gadget& it : form.drawn.gadgets)
+    if (fleeting && it.what == kind::window && !it.verbatim)
+      it.verbatim = !has_stand_in(form, it.cells);
   for (read_box& it : form.boxes)
     it.verbatim = it.verbatim || fleeting || it.cells.w < 2 ||
                   !put_frame(cells, it.cells, edge(it.cells.w, ""));
   for (gadget& it : form.drawn.gadgets) it.verbatim = it.verbatim || !put_gadget(cells, it);
   for (read_text& it : form.texts)
-    it.verbatim =
-        it.verbatim || !stands_alone(form, it) || !put(cells, it.run.x, it.run.y, it.run.text);
+    it.verbatim = !it.stands_in && (it.verbatim || !stands_alone(form, it) ||
+                                    !put(cells, it.run.x, it.run.y, it.run.text));
   paint_attached(cells, form.attached);
   return cells;
 }

@@ -16,6 +16,7 @@ struct picture {
   int w = 0, h = 0;
   std::vector<std::vector<std::string>> cells;  // by rows
   std::vector<std::vector<bool>> taken;         // cells of frames and gadgets
+  std::vector<extent> undrawn;                  // frames that only the legend tells of
 };
 
 // Finds the window's frame, and takes title, size and comments from it. Returns false, with a

@@ -36,7 +36,8 @@ static bool set_type(gadget& it, const std::string& name, const std::string&) {
 }
 
 static bool set_most(gadget& it, const std::string&, const std::string& value) {
-  return read_number(value.c_str(), it.most) && it.most > 0;
+  return value.find_first_not_of("0123456789") == std::string::npos &&
+         read_number(value.c_str(), it.most) && it.most > 0;
 }
 
 static bool add_entry(gadget& it, const std::string&, const std::string& value) {
@@ -62,7 +63,7 @@ static bool set_no_check(gadget& it, const std::string&, const std::string& valu
 static bool set_start(gadget& it, const std::string&, const std::string& value) {
   it.start = value;
   std::replace(it.start.begin(), it.start.end(), ' ', ',');
-  return true;
+  return it.start.find(',') != std::string::npos || it.start.find("${") != std::string::npos;
 }
 
 static bool set_nothing(gadget&, const std::string&, const std::string&) { return true; }

@@ -3,6 +3,8 @@
 
 #include "tools/sketch/reading.h"
 
+#include "common/text.h"
+#include "screens/reader.h"
 #include "tools/sketch/brackets.h"
 #include "tools/sketch/defaults.h"
 #include "tools/sketch/explaining.h"
@@ -12,8 +14,10 @@
 #include "tools/sketch/source.h"
 #include "tools/sketch/texts.h"
 
+#include <array>
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace scrim {
@@ -36,12 +40,28 @@ static void check_lines(source& from) {
   }
 }
 
+// Notes the frames that the legend has as lines of the screen file: no text may be painted over
+// them.
+static void note_frames(const legend& below, picture& seen) {
+  for (const entry& it : below.entries) {
+    for (const std::string& line : it.lines) {
+      const bool frame =
+          line.starts_with("swin") || line.starts_with("dswin") || line.starts_with("box:");
+      const char* numbers = frame ? first_item(line.c_str()) : nullptr;
+      std::array<int, 4> cells = {};
+      if (numbers && read_numbers(numbers, ",,,", cells.data()) == 4)
+        seen.undrawn.push_back({cells[0], cells[1], cells[2], cells[3]});
+    }
+  }
+}
+
 sketch read_sketch(source& from) {
   sketch drawn;
   picture seen;
   check_lines(from);
   if (!find_frame(from, seen, drawn)) return drawn;
   const legend below = read_legend(from, seen.top + seen.h);
+  note_frames(below, seen);
   read_inside(from, seen, drawn,
               [&](std::string_view label) { return names_button(below, label); });
   apply_legend(from, below, drawn);

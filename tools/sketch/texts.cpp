@@ -16,6 +16,9 @@ namespace scrim {
 // would not stand where it is drawn.
 static bool goes_on(const picture& seen, const std::string& text, int x, int to, int y) {
   const bool shifts = text.find("${") != std::string::npos || has_other(text);
+  for (const extent& frame : seen.undrawn)
+    if (y >= frame.y && y < frame.y + frame.h && x < frame.x + frame.w && to > frame.x)
+      return false;
   for (; x < to; x++)
     if (is_taken(seen, x, y) &&
         (shifts || std::string_view("+-|").find(at(seen, x, y)) != std::string_view::npos))
@@ -36,6 +39,9 @@ static void check_text(source& from, const picture& seen, const text_run& run, i
     report(from, run.drawn,
            {"a text that is too long: ", std::to_string(longest_value),
             " bytes a row, from the window's fifth column on"});
+  if (run.text.find('}', std::min(run.text.rfind("${"), run.text.size())) == std::string::npos &&
+      run.text.find("${") != std::string::npos)
+    report(from, run.drawn, {"a reference without its '}'"});
   if (run.x == first_text_column && run.text.starts_with("endtext:"))
     report(from, run.drawn, {"'endtext:' ends a text"});
   for (int x = end; x < std::min(run.x + bytes, seen.w); x++) {
