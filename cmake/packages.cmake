@@ -15,8 +15,9 @@ set(CPACK_COMPONENT_SCRIM_DESCRIPTION
 terminal and gives the answers back to the script that ran it, for which
 there is a library of shell functions.")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
-  "These are the companions: scrim-check finds faults in screen files, and
-scrim-drive runs a script's screens without a person and draws them.")
+  "These are the companions: scrim-sketch makes screen files of drawings,
+scrim-check finds faults in screen files, and scrim-drive runs a script's
+screens without a person and draws them.")
 set(CPACK_COMPONENT_TOOLS_DEPENDS scrim)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
