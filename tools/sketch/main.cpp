@@ -124,8 +124,8 @@ static int write_sketch(const std::string& path) {
   if (!from.mistakes.empty()) return end_with(from);
   const std::string text = joined(sketch_text(form));
   if (!text.empty()) return write_out(text);
-  complain({path, ": cannot be drawn"});
-  return has_mistakes;
+  report(from, {1, 1}, {"cannot be drawn"});
+  return end_with(from);
 }
 
 // A sketch that lacks something is written all the same.
