@@ -53,10 +53,11 @@ static bool may_go_on(const gadget& it) {
          !is_word_for_giving_up(it.action);
 }
 
-// Whether gadget `a` stands before `b` in reading order. Those that are not drawn come last.
+// Whether gadget `a` stands before `b` in reading order. Those that are not drawn come last, as the
+// legend has them.
 static bool reads_before(const gadget& a, const gadget& b) {
-  return std::tuple(a.verbatim, a.cells.y, a.cells.x) <
-         std::tuple(b.verbatim, b.cells.y, b.cells.x);
+  if (a.verbatim || b.verbatim) return !a.verbatim && b.verbatim;
+  return std::tuple(a.cells.y, a.cells.x) < std::tuple(b.cells.y, b.cells.x);
 }
 
 static std::vector<std::size_t> reading_order(const sketch& drawn) {

@@ -188,8 +188,7 @@ static void take_attached(const source& from, read_form& form, const std::string
 }
 
 // A window's highlight and place, in this order; in any other its lines stay as they are.
-static void take_window_line(source& from, read_form& form, std::string_view keyword,
-                             const std::string& line) {
+static void take_window_line(read_form& form, std::string_view keyword, const std::string& line) {
   std::vector<gadget>& all = form.drawn.gadgets;
   const auto last = std::find_if(all.rbegin(), all.rend(),
                                  [](const gadget& it) { return it.what == kind::window; });
@@ -204,7 +203,6 @@ static void take_window_line(source& from, read_form& form, std::string_view key
     last->start = said;
   }
   if (said.empty()) last->verbatim = true;
-  (void)from;
 }
 
 static void take_screen_line(source& from, read_form& form, std::string_view keyword,
@@ -237,7 +235,7 @@ static void take_line(source& from, read_form& form) {
   const std::string line = from.lines[static_cast<std::size_t>(number - 1)];
   const gadget_list* last = s_screen[curscreen].blp;
   take_screen_line(from, form, keyword, line, number);
-  if (keyword == "swhigh" || keyword == "swpos") take_window_line(from, form, keyword, line);
+  if (keyword == "swhigh" || keyword == "swpos") take_window_line(form, keyword, line);
   const bool fixed = line.find('$') >= line.find(':', line.find(':') + 1);
   run_directive();
   if (is_missing_file(keyword)) refused.status = 0;

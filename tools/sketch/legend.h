@@ -1,4 +1,4 @@
-// sketch/legend: reads what stands below the picture of a sketch, and applies it.
+// sketch/legend: reads what stands below the picture of a sketch.
 #pragma once
 
 #include "tools/sketch/sketch.h"
