@@ -4,10 +4,11 @@ set -eu
 mkdir -p "${1:-/usr/local}"
 prefix=$(cd "${1:-/usr/local}" && pwd)
 cd "$(dirname "$0")"
+replacement=$(printf '%s\n' "$prefix" | sed 's/[\\&#]/\\&/g')
 sha256sum -c SHA256SUMS >/dev/null
 cp -R bin share "$prefix"
 # The pages name the place of the shell library.
 for page in share/man/man?/scrim*; do
-  sed "s#/usr/local/share/scrim#$prefix/share/scrim#" "$page" >"$prefix/$page"
+  sed "s#/usr/local/share/scrim#$replacement/share/scrim#" "$page" >"$prefix/$page"
 done
 echo "scrim is in $prefix/bin"
