@@ -111,7 +111,8 @@ static void check_gadget(source& from, gadget& it) {
   if (it.what == kind::button) {
     check_length(from, it, "the label", it.label, longest_label - 1);
     check_length(from, it, "the action", it.action, longest_action);
-    if (it.action.empty() || it.action.find(' ') != std::string::npos)
+    if (it.action.empty() || it.action == ">" || it.action == "<" ||
+        it.action.find(' ') != std::string::npos)
       report(from, it.drawn, {"an action is one word: let the legend name another"});
   }
   check_variable(from, it);

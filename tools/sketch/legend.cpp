@@ -15,12 +15,6 @@
 
 namespace scrim {
 
-static std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // Reading.
 
 // Where a quoted text ends, behind its last quote; 0: `text` does not begin with a whole one. A
@@ -28,7 +22,7 @@ static std::string_view trimmed(std::string_view text) {
 static std::size_t quoted_length(std::string_view text, std::string_view ends) {
   if (!text.starts_with('"')) return 0;
   for (std::size_t end = 1; (end = text.find('"', end)) != std::string_view::npos; end++) {
-    const std::string_view behind = trimmed(text.substr(end + 1));
+    const std::string_view behind = without_blanks(text.substr(end + 1));
     if (behind.empty() || ends.find(behind[0]) != std::string_view::npos) return end + 1;
   }
   return 0;
@@ -51,7 +45,7 @@ std::vector<property> split_items(std::string_view text, place where) {
       end = value + quoted_length(text.substr(value), ",");
     end = std::min(text.find(',', end), text.size());
     item.column += static_cast<int>(start - at);
-    items.push_back({std::string(trimmed(text.substr(start, end - start))), "", item});
+    items.push_back({std::string(without_blanks(text.substr(start, end - start))), "", item});
     at = end + 1;
     item.column += static_cast<int>(cells_of(text.substr(start, at - start)).size());
   }
@@ -61,8 +55,9 @@ std::vector<property> split_items(std::string_view text, place where) {
 // An item as a name and its value.
 static property as_property(const property& item) {
   const std::size_t end = std::min(item.name.find(' '), item.name.size());
-  const std::string_view value = trimmed(std::string_view(item.name).substr(end));
-  return {item.name.substr(0, end), unquoted(value), item.where};
+  const std::string_view value = without_blanks(std::string_view(item.name).substr(end));
+  const bool is_open = value.starts_with('"') && quoted_length(value, "") != value.size();
+  return {item.name.substr(0, end), unquoted(value), item.where, is_open};
 }
 
 // Takes "#2" off a key.
@@ -76,7 +71,7 @@ static int take_number(std::string& key) {
 }
 
 entry keyed(std::string_view key, place where) {
-  entry made = {std::string(trimmed(key)), 0, where, "", {}, {}};
+  entry made = {std::string(without_blanks(key)), 0, where, "", {}, {}};
   made.number = take_number(made.key);
   made.key = unquoted(made.key);
   return made;
@@ -152,7 +147,7 @@ legend read_legend(source& from, int first) {
   legend read;
   for (auto index = static_cast<std::size_t>(first); index < from.lines.size(); index++) {
     const std::string line = legend_line(from.lines[index]);
-    const std::string_view text = trimmed(line);
+    const std::string_view text = without_blanks(line);
     if (!text.empty() && text[0] != '#') take_entry(from, index, read);
   }
   return read;

@@ -15,6 +15,7 @@ struct property {
   std::string name;
   std::string value;
   place where;
+  bool is_open = false;  // the value begins with a quote that has no end
 };
 
 // A line of the legend, by whose key something in the picture is found.

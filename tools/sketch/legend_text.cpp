@@ -81,7 +81,7 @@ static std::vector<std::string> properties(const gadget& it, const gadget& plain
   return said;
 }
 
-static std::string joined(const std::vector<std::string>& parts) {
+static std::string with_commas(const std::vector<std::string>& parts) {
   std::string text;
   for (const std::string& part : parts) text += (text.empty() ? "" : ", ") + part;
   return text;
@@ -102,7 +102,7 @@ static void write_gadget(draft& made, std::size_t index) {
   if (it.verbatim) return write_verbatim(made, index);
   const std::vector<std::string> said = properties(it, made.plain.gadgets[made.in_plain[index]]);
   if (said.empty()) return;
-  add_line(made, reference(made, index) + ": " + joined(said));
+  add_line(made, reference(made, index) + ": " + with_commas(said));
   made.about[static_cast<int>(made.lines.size())] = index;
 }
 
@@ -120,7 +120,7 @@ static void write_screen(draft& made) {
       plain.window.ends_with(":clear") && wanted.window.find(':') == wanted.window.rfind(':') &&
           !wanted.window.ends_with(":clear") && !wanted.window.ends_with(":overlay"),
       "keep");
-  if (!said.empty()) add_line(made, "screen: " + joined(said));
+  if (!said.empty()) add_line(made, "screen: " + with_commas(said));
 }
 
 // What the defaults give, with what the legend says of the gadgets, and of the one that is active.
@@ -180,7 +180,7 @@ static void write_order(draft& made, const sketch& usual) {
   std::vector<std::string> keys;
   keys.reserve(wanted.size());
   for (const std::size_t i : wanted) keys.push_back(reference(made, i));
-  add_line(made, "order: " + joined(keys));
+  add_line(made, "order: " + with_commas(keys));
 }
 
 static void write_attached(draft& made) {

@@ -111,12 +111,6 @@ static int show_form(const std::string& path) {
   return cannot_open("scrim");
 }
 
-static std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\n";
-  return text;
-}
-
 static int write_sketch(const std::string& path) {
   source from;
   read_form form;

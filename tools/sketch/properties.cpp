@@ -131,6 +131,8 @@ static void apply_property(source& from, gadget& it, const property& said) {
     report(from, said.where, {"'", said.name, "' can't be said of this"});
   } else if (found->has_value && said.value.empty() && said.name != "variable") {
     report(from, said.where, {"'", said.name, "' has nothing behind it"});
+  } else if (said.is_open) {
+    report(from, said.where, {"a quote without its end"});
   } else if (!found->has_value && !said.value.empty()) {
     report(from, said.where, {"a comma is missing behind '", said.name, "'"});
   } else if (!found->set(it, std::string(found->name), said.value)) {

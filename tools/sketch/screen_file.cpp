@@ -4,6 +4,7 @@
 
 #include "tools/sketch/checks.h"
 #include "tools/sketch/sketch.h"
+#include "tools/sketch/source.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -86,12 +87,6 @@ static std::string gadget_line(const gadget& it, bool active) {
       return window_line(it, mark);
   }
   return "";
-}
-
-static std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\n";
-  return text;
 }
 
 static std::string gadget_lines(const sketch& drawn, std::size_t index) {

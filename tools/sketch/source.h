@@ -24,6 +24,12 @@ struct source {
 // The text as lines, without their line ends.
 std::vector<std::string> split_lines(std::string_view text);
 
+// The lines as a text, each with its newline.
+std::string joined(const std::vector<std::string>& lines);
+
+// A text without the blanks at its ends.
+std::string_view without_blanks(std::string_view text);
+
 // Notes a mistake: the parts, joined.
 void report(source& from, place where, std::initializer_list<std::string_view> parts);
 

@@ -298,12 +298,6 @@ static std::vector<std::size_t> ends_of(const cell_row& rule) {
   return ends;
 }
 
-static std::string trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string::npos ? ""
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 static std::vector<std::string> fields_of(const cell_row& row, const std::vector<std::size_t>& ends,
                                           bool framed) {
   std::vector<std::string> fields;
@@ -311,7 +305,7 @@ static std::vector<std::string> fields_of(const cell_row& row, const std::vector
   for (const std::size_t end : ends) {
     std::string text;
     for (; i < std::min(end, row.size()); i++) text += row[i];
-    fields.push_back(trimmed(text));
+    fields.emplace_back(without_blanks(text));
     i = end + 1;
   }
   return fields;
@@ -327,7 +321,7 @@ static std::string name_in(const std::string& heading) {
   const auto last = std::find_if(cells.rbegin(), cells.rend(), is_quote).base();
   std::string name;
   for (auto it = first; last - it > 1; it++) name += it == first ? "" : *it;
-  return trimmed(name.substr(name.find('.') + 1));
+  return std::string(without_blanks(name.substr(name.find('.') + 1)));
 }
 
 // Whether a constant is only given a type, and nothing is done with it.
